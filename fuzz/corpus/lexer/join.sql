@@ -1,0 +1,1 @@
+SELECT [Name] & ' (' & Typ + ')' AS Namn FROM Plast WHERE NameSE LIKE '%syra%' AND Med = -1 ORDER BY NameSE

@@ -1,0 +1,1 @@
+UPDATE Chemical SET NameEN = 'it''s' WHERE NameSE IN ('Å', "b") /* c */ AND [ID

@@ -1,0 +1,1 @@
+INSERT INTO relPlast (ChemicalID, TheValue) VALUES (3, '+'); DELETE FROM relPlast -- x

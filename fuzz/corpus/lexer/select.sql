@@ -1,0 +1,1 @@
+SELECT * FROM Chemical WHERE ID = 12

@@ -1,0 +1,86 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/forms/control.h"
+
+#include "platform/error.h"
+#include "platform/forms/form.h"
+
+namespace platform {
+
+Control::Control(Form& parent, std::string name, const Design& design, int index)
+    : Left(*this, design.Left),
+      Top(*this, design.Top),
+      Width(*this, design.Width),
+      Height(*this, design.Height),
+      Visible(*this, design.Visible),
+      Enabled(*this, design.Enabled),
+      Tag(*this, design.Tag),
+      ToolTipText(*this, design.ToolTipText),
+      Font(*this, design.Font),
+      ForeColor(*this, design.ForeColor),
+      parent_(parent),
+      name_(std::move(name)),
+      index_(index),
+      container_(design.Container) {
+    parent.controls_.push_back(this);
+}
+
+Control::~Control() {
+    std::erase(parent_.controls_, this);
+}
+
+std::string Control::FullName() const {
+    return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")";
+}
+
+void Control::SetCaption(const std::string&) {
+    throw Error(errors::PropertyNotSupported, "The control " + FullName() + " has no property Caption.",
+                "forms");
+}
+
+void Control::SetToolTipText(const std::string& text) {
+    ToolTipText = text;
+}
+
+bool Control::CanFocus() const {
+    for (const Control* control = this; control != nullptr; control = control->container_) {
+        if (!control->Visible || !control->Enabled) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void Control::SetFocus() {
+    if (!TakesFocus() || !CanFocus()) {
+        throw Error(errors::InvalidCall, "The control " + FullName() + " can't have the focus now.", "forms");
+    }
+    parent_.SetActive(*this);
+    parent_.Screen().Focus(*this);
+}
+
+void Control::InputFocus() {
+    parent_.Screen().Event([this] {
+        if (TakesFocus() && CanFocus()) {
+            parent_.SetActive(*this);
+        }
+    });
+}
+
+void Control::PropertyChanged(const PropertyBase&) {
+    Notify();
+}
+
+void Control::Reset() {
+    ResetProperties();
+    Notify();
+}
+
+void Control::Notify() {
+    if (view_ != nullptr) {
+        view_->ControlChanged();
+    }
+}
+
+}  // namespace platform

@@ -1,0 +1,227 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/forms/list_view.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/collation.h"
+#include "platform/error.h"
+#include "platform/forms/form.h"
+
+namespace platform {
+
+namespace {
+
+const std::string kEmpty;
+
+[[noreturn]] void NoSuch(const Control& list, const char* what, int index) {
+    throw Error(errors::IndexOutOfBounds,
+                "The list " + list.FullName() + " has no " + what + " " + std::to_string(index) + ".",
+                "forms");
+}
+
+const std::string& TextOfColumn(const ListItem& item, int column) {
+    return column == 0 ? item.Text : item.SubItems(static_cast<std::size_t>(column));
+}
+
+}  // namespace
+
+const std::string& ListItem::SubItems(std::size_t column) const {
+    return column >= 1 && column <= subItems_.size() ? subItems_[column - 1] : kEmpty;
+}
+
+ListView::ListView(Form& parent, std::string name, const Design& design, int index)
+    : Control(parent, std::move(name), design, index),
+      View(*this, 0),
+      SortKey(*this, 0),
+      SortOrder(*this, 0) {}
+
+ListView::SortedProperty& ListView::SortedProperty::operator=(bool sorted) {
+    list_.sorted_ = sorted;
+    if (sorted) {
+        list_.SortNow();
+        list_.RowsChanged();
+    }
+    return *this;
+}
+
+void ListView::SetColumnHeaderIcons(const ImageList* images) {
+    headerIcons_ = images;
+    ++columnsVersion_;
+    Notify();
+}
+
+// --- columns ---
+
+void ListView::ClearColumns() {
+    columns_.clear();
+    ++columnsVersion_;
+    Notify();
+}
+
+void ListView::AddColumn(const std::string& text, int width, Align alignment, const std::string& icon) {
+    ColumnHeader header{text, std::max(width, 0), alignment, {}, std::nullopt};
+    if (headerIcons_ != nullptr && !icon.empty()) {
+        header.Icon = headerIcons_->PictureOf(icon);
+    }
+    columns_.push_back(std::move(header));
+    ++columnsVersion_;
+    Notify();
+}
+
+const ColumnHeader& ListView::Column(int index) const {
+    if (index < 0 || index >= ColumnCount()) {
+        NoSuch(*this, "column", index);
+    }
+    return columns_[static_cast<std::size_t>(index)];
+}
+
+void ListView::SetColumnWidth(int index, int width) {
+    Column(index);
+    columns_[static_cast<std::size_t>(index)].Width = width;
+    ++columnsVersion_;
+    Notify();
+}
+
+void ListView::SetColumnSortImage(int index, std::optional<int> image) {
+    Column(index);
+    columns_[static_cast<std::size_t>(index)].SortImage = image;
+    ++columnsVersion_;
+    Notify();
+}
+
+// --- rows ---
+
+void ListView::ClearItems() {
+    keys_.clear();
+    order_.clear();
+    items_.clear();
+    orderDue_ = false;
+    selected_ = -1;
+    RowsChanged();
+}
+
+ListItem& ListView::AddItem(std::string key, std::string text) {
+    ListItem& item = items_.emplace_back();
+    item.Key = std::move(key);
+    item.Text = std::move(text);
+    if (!item.Key.empty() && !keys_.insert(item.Key).second) {
+        const std::string taken = item.Key;
+        items_.pop_back();
+        throw Error(errors::KeyNotUnique,
+                    "The list " + FullName() + " has a row with the key " + taken + " already.", "forms");
+    }
+    order_.push_back(static_cast<std::uint32_t>(items_.size() - 1));
+    orderDue_ = orderDue_ || sorted_;
+    RowsChanged();
+    return item;
+}
+
+const ListItem& ListView::Item(int place) const {
+    if (place < 0 || place >= ItemCount()) {
+        NoSuch(*this, "row", place);
+    }
+    Order();
+    return items_[order_[static_cast<std::size_t>(place)]];
+}
+
+int ListView::SelectedIndex() const {
+    if (selected_ < 0) {
+        return -1;
+    }
+    Order();
+    const auto place = std::find(order_.begin(), order_.end(), static_cast<std::uint32_t>(selected_));
+    return static_cast<int>(place - order_.begin());
+}
+
+void ListView::Select(int place) {
+    if (place < 0) {
+        selected_ = -1;
+    } else {
+        Item(place);
+        selected_ = order_[static_cast<std::size_t>(place)];
+    }
+    Notify();
+}
+
+void ListView::Order() const {
+    if (orderDue_) {
+        SortNow();
+    }
+}
+
+void ListView::SortNow() const {
+    orderDue_ = false;
+    // One sort key a row, made once; rows that share a text, as the labels of a sheet do, share the work.
+    std::vector<std::string> keys(items_.size());
+    const std::string* lastText = nullptr;
+    std::size_t last = 0;
+    for (const std::uint32_t index : order_) {
+        const std::string& text = TextOfColumn(items_[index], SortKey);
+        if (lastText != nullptr && text == *lastText) {
+            keys[index] = keys[last];
+        } else {
+            keys[index] = platform::SortKey(text);
+        }
+        lastText = &text;
+        last = index;
+    }
+    const bool descending = SortOrder != 0;
+    std::stable_sort(order_.begin(), order_.end(), [&](std::uint32_t left, std::uint32_t right) {
+        return descending ? keys[right] < keys[left] : keys[left] < keys[right];
+    });
+}
+
+void ListView::RowsChanged() {
+    ++rowsVersion_;
+    Notify();
+}
+
+void ListView::PropertyChanged(const PropertyBase& property) {
+    if ((&property == &SortKey || &property == &SortOrder) && sorted_) {
+        orderDue_ = true;
+        ++rowsVersion_;
+    }
+    Notify();
+}
+
+void ListView::Reset() {
+    sorted_ = false;
+    headerIcons_ = nullptr;
+    ClearItems();
+    ClearColumns();
+    Control::Reset();
+}
+
+// --- the user ---
+
+void ListView::InputSelect(int place) {
+    Parent().Screen().Event([&] {
+        if (!CanFocus() || place < 0 || place >= ItemCount()) {
+            return;
+        }
+        Select(place);
+        Raise<const ListItem&>(ItemClick, Item(place));
+        Raise(Click);
+    });
+}
+
+void ListView::InputDoubleClick() {
+    Parent().Screen().Event([this] {
+        if (CanFocus()) {
+            Raise(DblClick);
+        }
+    });
+}
+
+void ListView::InputColumnClick(int column) {
+    Parent().Screen().Event([&] {
+        if (CanFocus() && column >= 0 && column < ColumnCount()) {
+            Raise<int>(ColumnClick, column + 1);
+        }
+    });
+}
+
+}  // namespace platform

@@ -1,0 +1,232 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/store.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+#include "platform/test_database.h"
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+using test::ErrorOf;
+using test::kPassword;
+using test::ReadAll;
+using Access = Store::Access;
+
+long OpenError(const fs::path& file, std::string_view password = kPassword,
+               Access access = Access::Exclusive) {
+    return ErrorOf([&] { Store(file, password, access).Close(); });
+}
+
+std::set<std::string> FilesIn(const fs::path& folder) {
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().string());
+    return names;
+}
+
+const std::set<std::string> kOnlyFile = {"Vemora.mdb"};
+
+void Write(const fs::path& file, std::string_view bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+TEST(Store, KeepsTheSettingsThatOtherToolsNeed) {
+    const test::TestDatabase database;
+    Store store(database.File(), kPassword, Access::Exclusive);
+    const std::pair<const char*, const char*> settings[] = {
+        {"PRAGMA page_size", "4096"},   {"PRAGMA kdf_iter", "64000"},        {"PRAGMA cipher_use_hmac", "1"},
+        {"PRAGMA journal_mode", "wal"}, {"PRAGMA synchronous", "2"},         {"PRAGMA foreign_keys", "0"},
+        {"PRAGMA user_version", "1"},   {"PRAGMA locking_mode", "exclusive"}};
+    for (const auto& [ask, answer] : settings) {
+        auto statement = store.Prepare(ask);
+        ASSERT_TRUE(statement.Step()) << ask;
+        EXPECT_EQ(statement.Text(0), answer) << ask;
+    }
+    EXPECT_EQ(FilesIn(database.Folder()).count("Vemora.mdb-shm"), 0u);
+    store.Close();
+    EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile);
+    EXPECT_EQ(ReadAll(database.File()).find("Chemical"), std::string::npos);
+}
+
+TEST(Store, LeavesAFileAloneThatItCannotOpen) {
+    const test::TestDatabase database;
+    database.Fill(
+        "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c WHERE i < 2000)"
+        "INSERT INTO Metal(Name) SELECT 'Metall ' || i FROM c");
+    const std::string whole = ReadAll(database.File());
+    const struct {
+        std::string What, Bytes, Password;
+        long Number;
+    } cases[] = {
+        {"other password", whole, "Mora27", errors::BadPassword},
+        {"no password", whole, "", errors::BadPassword},
+        {"empty", "", kPassword, errors::BadPassword},
+        {"garbage", std::string(9000, 'x'), kPassword, errors::BadPassword},
+        {"plain database", "SQLite format 3" + std::string(4081, '\0'), kPassword, errors::BadPassword},
+        {"first bytes", whole.substr(0, 10), kPassword, errors::BadPassword},
+        {"part of a page", whole.substr(0, 1000), kPassword, errors::BadPassword},
+        {"cut", whole.substr(0, 8192 + 5), kPassword, errors::StoreFailed},
+    };
+    for (const auto& c : cases) {
+        Write(database.File(), c.Bytes);
+        for (const auto access : {Access::Exclusive, Access::ReadOnly})
+            EXPECT_EQ(OpenError(database.File(), c.Password, access), c.Number) << c.What;
+        EXPECT_EQ(ReadAll(database.File()), c.Bytes) << c.What;
+        EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile) << c.What;
+    }
+    Write(database.File(), whole);
+    EXPECT_EQ(OpenError(database.File(), kPassword, Access::Create), errors::StoreFailed);
+    EXPECT_EQ(OpenError(database.File(), kPassword, Access::ReadOnly), 0);
+    EXPECT_EQ(OpenError(database.File()), 0);
+    EXPECT_EQ(ReadAll(database.File()), whole);
+    EXPECT_EQ(OpenError(database.Folder()), errors::StoreFailed);
+    EXPECT_EQ(OpenError(database.Folder() / "missing.mdb"), errors::StoreFailed);
+    EXPECT_EQ(OpenError(database.Folder() / "no folder" / "missing.mdb"), errors::StoreFailed);
+    EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile);
+}
+
+TEST(Store, TellsOfADamagedPage) {
+    const test::TestDatabase database;
+    const std::string note(50000, 'n');  // over many pages
+    database.Fill("INSERT INTO Chemical(ID, NoteSE) VALUES(1, '" + note + "')");
+    std::string bytes = ReadAll(database.File());
+    ASSERT_GT(bytes.size(), note.size());
+    for (const std::size_t at : {bytes.size() - 4096 * 3, bytes.size() - 2000}) {
+        auto damaged = bytes;
+        damaged[at] = static_cast<char>(damaged[at] ^ 1);
+        Write(database.File(), damaged);
+        Store store(database.File(), kPassword, Access::Exclusive);
+        EXPECT_EQ(ErrorOf([&] {
+                      auto read = store.Prepare("SELECT NoteSE FROM Chemical");
+                      while (read.Step()) EXPECT_TRUE(read.Text(0) == note);
+                  }),
+                  errors::StoreFailed)
+            << at;
+    }
+}
+
+TEST(Store, IsOneProgramsAlone) {
+    const test::TestDatabase database;
+    {
+        Store store(database.File(), kPassword, Access::Exclusive);
+        for (int changes = 0; changes < 2; ++changes) {
+            EXPECT_EQ(OpenError(database.File()), errors::StoreFailed);
+            EXPECT_EQ(OpenError(database.File(), kPassword, Access::ReadOnly), errors::StoreFailed);
+#ifndef _WIN32
+            const pid_t other = fork();
+            if (other == 0) _exit(OpenError(database.File()) == errors::StoreFailed ? 7 : 1);
+            int status = 0;
+            waitpid(other, &status, 0);
+            EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7);
+#endif
+            store.Execute("INSERT INTO Temp(Temp) VALUES('20ºC')");
+        }
+    }
+    // Without an orderly end, too.
+    EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile);
+    EXPECT_EQ(OpenError(database.File()), 0);
+}
+
+TEST(Store, RecoversWhatACrashLeft) {
+    const test::TestDatabase database;
+    const auto journal = fs::path(database.File()) += "-wal";
+    std::string file, changes;
+    {
+        Store store(database.File(), kPassword, Access::Exclusive);
+        store.Execute("INSERT INTO Temp(Temp) VALUES('20ºC')");
+        file = ReadAll(database.File());
+        changes = ReadAll(journal);
+    }
+    const auto crash = [&] {
+        Write(database.File(), file);
+        Write(journal, changes);
+    };
+    crash();
+    EXPECT_EQ(OpenError(database.File(), "wrong"), errors::BadPassword);
+    EXPECT_EQ(ReadAll(database.File()), file);
+    EXPECT_EQ(ReadAll(journal), changes);
+    EXPECT_EQ(FilesIn(database.Folder()), (std::set<std::string>{"Vemora.mdb", "Vemora.mdb-wal"}));
+    for (const auto access : {Access::ReadOnly, Access::Exclusive}) {
+        Store store(database.File(), kPassword, access);
+        auto count = store.Prepare("SELECT count(*) FROM Temp");
+        ASSERT_TRUE(count.Step());
+        EXPECT_EQ(count.Integer(0), 1);
+    }
+    EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile);
+}
+
+TEST(Store, TellsOfAFullDisk) {
+    const test::TestDatabase database;
+    Store store(database.File(), kPassword, Access::Exclusive);
+    auto pages = store.Prepare("PRAGMA page_count");
+    ASSERT_TRUE(pages.Step());
+    store.Execute("PRAGMA max_page_count = " + std::to_string(pages.Integer(0) + 2));
+    pages.Reset();
+    const auto insert = [&](int bytes) {
+        return ErrorOf([&] {
+            store.Execute("INSERT INTO Misc(Name) VALUES(hex(zeroblob(" + std::to_string(bytes) + ")))");
+        });
+    };
+    EXPECT_EQ(insert(100000), errors::DiskNotReady);
+    EXPECT_EQ(insert(10), 0);
+}
+
+#ifndef _WIN32
+TEST(Store, RefusesWhatItCannotWrite) {
+    const test::TestDatabase database;
+    // The rights of files do not bind the superuser; for this test he is nobody.
+    const bool super = geteuid() == 0;
+    const auto rights = [&](fs::perms folder, fs::perms file) {
+        fs::permissions(database.Folder(), folder);
+        fs::permissions(database.File(), file);
+    };
+    const auto error = [&](Access access) {
+        if (super && seteuid(65534) != 0) return 0L;
+        const long number = OpenError(database.File(), kPassword, access);
+        if (super && seteuid(0) != 0) std::abort();
+        return number;
+    };
+    constexpr auto kRead = fs::perms(0555), kAll = fs::perms(0777);
+    rights(kAll, fs::perms(0444));
+    EXPECT_EQ(error(Access::Exclusive), errors::StoreFailed);
+    rights(kRead, kAll);
+    EXPECT_EQ(error(Access::Exclusive), errors::StoreFailed);
+    rights(kRead, fs::perms(0444));
+    EXPECT_EQ(error(Access::Exclusive), errors::StoreFailed);
+    EXPECT_EQ(error(Access::ReadOnly), 0);
+    rights(kAll, kAll);
+    EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile);
+}
+#endif
+
+TEST(Statement, TakesExactlyOneStatement) {
+    const test::TestDatabase database;
+    Store store(database.File(), kPassword, Access::Exclusive);
+    EXPECT_EQ(ErrorOf([&] { store.Prepare(" "); }), errors::BadStatement);
+    EXPECT_EQ(ErrorOf([&] { store.Prepare("SELECT 1; SELECT 2"); }), errors::BadStatement);
+    auto insert = store.Prepare("INSERT INTO Misc(ID, Name, Description) VALUES(?, ?, ?);");
+    insert.Bind(0, std::int64_t{4});
+    insert.Bind(1, std::string_view());  // an empty text is not Null
+    insert.BindNull(2);
+    EXPECT_FALSE(insert.Step());
+    EXPECT_EQ(store.LastInsertedID(), 4);
+    auto read = store.Prepare("SELECT Name, Description, 0.5 AS Half FROM Misc");
+    ASSERT_TRUE(read.Step());
+    EXPECT_EQ(read.Column(0), Value(""));
+    EXPECT_TRUE(read.IsNull(1));
+    EXPECT_EQ(read.Column(2), Value(0.5));
+    EXPECT_EQ(read.ColumnName(2), "Half");
+}
+
+}  // namespace
+}  // namespace platform

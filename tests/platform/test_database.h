@@ -1,0 +1,96 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "platform/adodb.h"
+#include "platform/error.h"
+#include "platform/schema.h"
+#include "platform/store.h"
+
+namespace test {
+
+inline constexpr const char* kPassword = "mora27";
+
+/// A new folder for one test, with a blank and a Swedish letter in its name; gone with the object.
+class TestFolder {
+  public:
+    TestFolder() { std::filesystem::create_directory(path_); }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+    ~TestFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    const std::filesystem::path& Path() const { return path_; }
+
+  private:
+    std::filesystem::path path_ =
+        std::filesystem::temp_directory_path() / std::filesystem::path(u8"vemora pr\u00e5v." + [] {
+            const auto number = std::to_string(std::random_device()());
+            return std::u8string(number.begin(), number.end());
+        }());
+};
+
+inline std::string ReadAll(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// An encrypted database file "Vemora.mdb" with all tables, empty, in a folder of its own.
+class TestDatabase {
+  public:
+    TestDatabase() {
+        // Making the key is slow by design: the tests share one empty file.
+        static const std::string empty = [] {
+            const TestFolder folder;
+            platform::Store store(folder.Path() / "empty.mdb", kPassword, platform::Store::Access::Create);
+            platform::CreateSchema(store);
+            store.Close();
+            return ReadAll(folder.Path() / "empty.mdb");
+        }();
+        std::ofstream(File(), std::ios::binary) << empty;
+    }
+
+    const std::filesystem::path& Folder() const { return folder_.Path(); }
+    std::filesystem::path File() const { return folder_.Path() / "Vemora.mdb"; }
+
+    /// Runs statements of the store's own SQL; no connection may be open.
+    void Fill(std::string_view sql) const {
+        platform::Store store(File(), kPassword, platform::Store::Access::Exclusive);
+        store.Execute(sql);
+        store.Close();
+    }
+
+    void Open(platform::adodb::Connection& connection) const {
+        const auto file = File().u8string();
+        connection.Mode = platform::adodb::adModeShareExclusive;
+        connection.ConnectionString = "Data Source=" + std::string(file.begin(), file.end());
+        connection.Properties["Jet OLEDB:Database Password"] = kPassword;
+        connection.Open();
+    }
+
+  private:
+    TestFolder folder_;
+};
+
+/// The number of the Error that an action throws; 0 when it throws none.
+template <class Action>
+long ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const platform::Error& error) {
+        // What is shown to a user is one sentence.
+        return error.Description.ends_with('.') ? error.Number : -1;
+    }
+    return 0;
+}
+
+}  // namespace test
