@@ -1,0 +1,43 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "texts/language_files.h"
+
+#include "platform/error.h"
+#include "platform/files.h"
+#include "platform/ini.h"
+#include "platform/text.h"
+#include "texts/mTexter.h"
+
+namespace vemora {
+
+LanguageFiles FindLanguageFiles(const std::filesystem::path& folder) {
+    LanguageFiles found;
+    const auto bin = folder / "bin";
+    for (const std::string& name : platform::Dir(bin, "Lang*.ini")) {
+        const std::string language =
+            platform::ReadKey("System", "lang", buffer::Language, bin / platform::PathFromUtf8(name));
+        if (platform::LCase(name) == "lang.ini") {
+            found.Current = language;
+        } else if (!language.empty()) {
+            found.Entries.push_back(language + std::string(100, ' ') + name);
+        }
+    }
+    return found;
+}
+
+bool EntryIsLanguage(const std::string& entry, const std::string& language) {
+    return platform::Trim(platform::Left(entry, 50)) == language;
+}
+
+void ActivateLanguage(const std::filesystem::path& folder, const std::string& entry) {
+    const std::string name = entry.substr(entry.rfind(' ') + 1);
+    try {
+        platform::Kill(folder, "bin/Lang.ini");
+    } catch (const platform::Error&) {
+        // It may not exist; whether the copy can take its place shows in the next step.
+    }
+    platform::FileCopy(folder / "bin" / platform::PathFromUtf8(name), folder / "bin" / "lang.ini");
+}
+
+}  // namespace vemora
