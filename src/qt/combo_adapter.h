@@ -1,0 +1,26 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/forms/controls.h"
+#include "qt/adapter.h"
+
+class QComboBox;
+
+namespace qt {
+
+class ComboBoxAdapter final : public WidgetAdapter {
+  public:
+    ComboBoxAdapter(FormWindow& window, platform::ComboBox& combo);
+    bool Filter(QEvent& event) override;
+
+  protected:
+    void CarryOwn() override;
+
+  private:
+    platform::ComboBox& combo_;
+    QComboBox* widget_;
+};
+
+}  // namespace qt

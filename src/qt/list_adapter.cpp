@@ -1,0 +1,88 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "qt/list_adapter.h"
+
+#include "qt/form_window.h"
+#include "qt/list_header.h"
+#include "qt/list_model.h"
+#include "qt/list_widget.h"
+#include "qt/owned.h"
+
+namespace qt {
+
+ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
+    : WidgetAdapter(window, list, Child<ListWidget>(ParentOf(window, list))),
+      list_(list),
+      widget_(static_cast<ListWidget*>(Widget())),
+      model_(Child<ListModel>(list, widget_)),
+      header_(Child<ListHeader>(list, widget_)) {
+    widget_->setHeader(header_);
+    widget_->setModel(model_);
+    QObject::connect(widget_, &ListWidget::Chosen, Context(), [this](int row) {
+        Window().Input([&] { list_.InputSelect(row); });
+        Window().Mark(*this);
+    });
+    QObject::connect(widget_, &ListWidget::DoubleClicked, Context(),
+                     [this] { Window().Input([this] { list_.InputDoubleClick(); }); });
+    QObject::connect(header_, &QHeaderView::sectionClicked, Context(),
+                     [this](int section) { Window().Input([&] { list_.InputColumnClick(section); }); });
+    // A column that the user drags wider is wider for the windows, too.
+    QObject::connect(header_, &QHeaderView::sectionResized, Context(), [this](int section, int, int px) {
+        if (Window().Live() && !Window().Flushing() && section < list_.ColumnCount() && px > 0) {
+            list_.SetColumnWidth(section, Window().Measure().Twips(px));
+        }
+    });
+}
+
+void ListViewAdapter::Release() {
+    Adapter::Release();
+    model_->Detach();
+    header_->Detach();
+}
+
+void ListViewAdapter::CarryOwn() {
+    const bool columnsChanged = columns_ != list_.ColumnsVersion();
+    if (rows_ != list_.RowsVersion() || model_->columnCount() != list_.ColumnCount()) {
+        model_->Reload();
+    } else if (columnsChanged) {
+        model_->HeadingsChanged();
+    }
+    const int line = Window().Measure().Px(195);
+    if (columnsChanged || line != linePx_) {
+        CarryWidths();
+    }
+    rows_ = list_.RowsVersion();
+    columns_ = list_.ColumnsVersion();
+    linePx_ = line;
+    CarrySelection();
+}
+
+void ListViewAdapter::CarryWidths() {
+    for (int i = 0; i < list_.ColumnCount(); ++i) {
+        const int width = list_.Column(i).Width;
+        header_->setSectionHidden(i, width <= 0);
+        if (width > 0) {
+            header_->resizeSection(i, Window().Measure().Px(width));
+        }
+    }
+}
+
+void ListViewAdapter::CarrySelection() {
+    QItemSelectionModel* const selection = widget_->selectionModel();
+    const int place = list_.SelectedIndex();
+    if (place >= 0) {
+        const QModelIndex row = model_->index(place, 0);
+        if (selection->currentIndex().row() != place || !selection->isRowSelected(place, {})) {
+            selection->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        }
+        return;
+    }
+    selection->clearSelection();
+    // Readers of the screen need a current row wherever there are rows.
+    if (!selection->currentIndex().isValid() && model_->rowCount() > 0) {
+        selection->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+    }
+}
+
+}  // namespace qt

@@ -1,0 +1,95 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "qt/list_widget.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+#include "qt/owned.h"
+#include "qt/texts.h"
+
+namespace qt {
+
+namespace {
+
+constexpr int kAir = 6;  // px that a row is higher than its text
+
+class RowDelegate final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        // All rows are alike: the text needn't be measured.
+        (void)index;
+        return {0, option.fontMetrics.height() + kAir};
+    }
+
+    // A text that its column cuts shows in full when the mouse rests on it.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        constexpr int kMargins = 8;
+        const QString text = index.data().toString();
+        const bool cut =
+            option.fontMetrics.horizontalAdvance(text) > view->visualRect(index).width() - kMargins;
+        QToolTip::showText(event->globalPos(), cut ? ToolTip(text.toStdString()) : QString(), view);
+        return true;
+    }
+};
+
+}  // namespace
+
+ListWidget::ListWidget(QWidget* parent) : QTreeView(parent) {
+    setItemDelegate(Child<RowDelegate>(this));
+    setUniformRowHeights(true);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setExpandsOnDoubleClick(false);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setTabKeyNavigation(false);
+}
+
+void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeView::currentChanged(current, previous);
+    if (!pressing_ && current.isValid()) {
+        emit Chosen(current.row());
+    }
+}
+
+void ListWidget::mousePressEvent(QMouseEvent* event) {
+    {
+        const QScopedValueRollback<bool> guard(pressing_, true);
+        QTreeView::mousePressEvent(event);
+    }
+    const QModelIndex pressed = indexAt(event->position().toPoint());
+    if (pressed.isValid()) {
+        emit Chosen(pressed.row());
+    }
+}
+
+void ListWidget::mouseMoveEvent(QMouseEvent* event) {
+    // Dragging doesn't choose the rows that it passes.
+    if (event->buttons() == Qt::NoButton) {
+        QTreeView::mouseMoveEvent(event);
+    }
+}
+
+void ListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QModelIndex pressed = indexAt(event->position().toPoint());
+    if (pressed.isValid() && pressed.row() != currentIndex().row()) {
+        mousePressEvent(event);
+    }
+    if (event->button() == Qt::LeftButton) {
+        emit DoubleClicked();
+    }
+}
+
+}  // namespace qt

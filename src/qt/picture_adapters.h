@@ -1,0 +1,38 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/forms/controls.h"
+#include "qt/adapter.h"
+
+namespace qt {
+
+class FormulaWidget;
+class PictureWidget;
+
+class ImageAdapter final : public WidgetAdapter {
+  public:
+    ImageAdapter(FormWindow& window, platform::Image& image);
+
+  protected:
+    void CarryOwn() override;
+
+  private:
+    platform::Image& image_;
+    PictureWidget* widget_;
+};
+
+class FormulaAdapter final : public WidgetAdapter {
+  public:
+    FormulaAdapter(FormWindow& window, platform::oFormula& formula);
+
+  protected:
+    void CarryOwn() override;
+
+  private:
+    platform::oFormula& formula_;
+    FormulaWidget* widget_;
+};
+
+}  // namespace qt

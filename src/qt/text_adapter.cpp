@@ -1,0 +1,181 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "qt/text_adapter.h"
+
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QValidator>
+#include <algorithm>
+#include <limits>
+
+#include "qt/form_window.h"
+#include "qt/owned.h"
+#include "qt/texts.h"
+
+namespace qt {
+
+namespace {
+
+// Takes line breaks and control characters out of what is pasted into one line.
+class OneLine final : public QValidator {
+  public:
+    using QValidator::QValidator;
+    State validate(QString& text, int& caret) const override {
+        const QString clean = Clean(text, false);
+        if (clean != text) {
+            caret = static_cast<int>(Clean(text.left(caret), false).size());
+            text = clean;
+        }
+        return Acceptable;
+    }
+};
+
+// Takes pasted text without its formatting and control characters.
+class PlainArea final : public QPlainTextEdit {
+  public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+  protected:
+    void insertFromMimeData(const QMimeData* source) override {
+        if (source->hasText()) {
+            textCursor().insertText(Clean(source->text(), true));
+            ensureCursorVisible();
+        }
+    }
+};
+
+QWidget* MakeWidget(const FormWindow& window, const platform::TextBox& box) {
+    QWidget* parent = ParentOf(window, box);
+    if (box.MultiLine()) {
+        auto* area = Child<PlainArea>(parent);
+        area->setTabChangesFocus(true);
+        return area;
+    }
+    auto* line = Child<QLineEdit>(parent);
+    line->setMaxLength(std::numeric_limits<int>::max());
+    line->setValidator(Child<OneLine>(line));
+    return line;
+}
+
+QString WithCrLf(QString text) {
+    return text.replace('\n', "\r\n");
+}
+
+}  // namespace
+
+TextBoxAdapter::TextBoxAdapter(FormWindow& window, platform::TextBox& box)
+    : WidgetAdapter(window, box, MakeWidget(window, box)),
+      box_(box),
+      line_(qobject_cast<QLineEdit*>(Widget())),
+      area_(qobject_cast<QPlainTextEdit*>(Widget())) {
+    if (line_ != nullptr) {
+        QObject::connect(line_, &QLineEdit::textEdited, Context(), [this] { Edited(); });
+        QObject::connect(line_, &QLineEdit::cursorPositionChanged, Context(), [this] { Mirror(); });
+        QObject::connect(line_, &QLineEdit::selectionChanged, Context(), [this] { Mirror(); });
+    } else {
+        QObject::connect(area_, &QPlainTextEdit::textChanged, Context(), [this] { Edited(); });
+        QObject::connect(area_, &QPlainTextEdit::cursorPositionChanged, Context(), [this] { Mirror(); });
+        QObject::connect(area_, &QPlainTextEdit::selectionChanged, Context(), [this] { Mirror(); });
+    }
+}
+
+QString TextBoxAdapter::Shown() const {
+    return line_ != nullptr ? line_->text() : area_->toPlainText();
+}
+
+std::pair<int, int> TextBoxAdapter::ShownSelection() const {
+    if (line_ != nullptr) {
+        return line_->hasSelectedText() ? std::pair(line_->selectionStart(), line_->selectionLength())
+                                        : std::pair(line_->cursorPosition(), 0);
+    }
+    const QTextCursor cursor = area_->textCursor();
+    return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+}
+
+// --- from the user ---
+
+void TextBoxAdapter::Edited() {
+    if (Window().Flushing()) {
+        return;
+    }
+    Mirror();
+    const QString text = line_ != nullptr ? Shown() : WithCrLf(Shown());
+    Window().Input([&] { box_.InputText(text.toStdString()); });
+    Window().Mark(*this);
+}
+
+void TextBoxAdapter::Mirror() {
+    if (Window().Flushing() || !Window().Live()) {
+        return;
+    }
+    const auto [start, length] = ShownSelection();
+    QString before = Shown().left(start);
+    QString selected = Shown().mid(start, length);
+    if (area_ != nullptr) {
+        before = WithCrLf(before);
+        selected = WithCrLf(selected);
+    }
+    box_.SelStart.SetSilently(CodePoints(before));
+    box_.SelLength.SetSilently(CodePoints(selected));
+}
+
+// --- from the model ---
+
+void TextBoxAdapter::CarryOwn() {
+    const QString text = QString::fromStdString(box_.Text);
+    CarryText(Clean(text, area_ != nullptr));
+    CarryLocked();
+    CarrySelection(text);
+}
+
+void TextBoxAdapter::CarryText(const QString& text) {
+    if (Shown() == text) {
+        return;
+    }
+    if (line_ != nullptr) {
+        line_->setText(text);
+    } else {
+        area_->setPlainText(text);
+    }
+}
+
+void TextBoxAdapter::CarryLocked() {
+    if (line_ != nullptr) {
+        line_->setReadOnly(box_.Locked);
+    } else if (area_->isReadOnly() != box_.Locked) {
+        area_->setReadOnly(box_.Locked);
+        // Locked text can be walked through and copied by keys, too.
+        area_->setTextInteractionFlags(box_.Locked ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                                   : Qt::TextEditorInteraction);
+    }
+}
+
+void TextBoxAdapter::CarrySelection(const QString& text) {
+    const QString units = line_ != nullptr ? Shown() : text;
+    const int from = Utf16Length(units, std::max<int>(box_.SelStart, 0));
+    const int count = Utf16Length(units.mid(from), std::max<int>(box_.SelLength, 0));
+    const QString before = Clean(units.left(from), area_ != nullptr);
+    const QString selected = Clean(units.mid(from, count), area_ != nullptr);
+    const auto start = static_cast<int>(before.size());
+    const auto length = static_cast<int>(selected.size());
+    // What reaches beyond the text is cut: the next time that it is asked for is a change again.
+    box_.SelStart.SetSilently(CodePoints(QStringView(units).left(from)));
+    box_.SelLength.SetSilently(CodePoints(QStringView(units).mid(from, count)));
+    if (ShownSelection() == std::pair(start, length)) {
+        return;
+    }
+    if (area_ != nullptr) {
+        QTextCursor cursor = area_->textCursor();
+        cursor.setPosition(start);
+        cursor.setPosition(start + length, QTextCursor::KeepAnchor);
+        area_->setTextCursor(cursor);
+    } else if (length > 0) {
+        line_->setSelection(start, length);
+    } else {
+        line_->setCursorPosition(start);
+    }
+}
+
+}  // namespace qt
