@@ -1,0 +1,282 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <set>
+#include <string>
+
+#include "platform/collation.h"
+#include "vemora-db/check_parts.h"
+
+namespace vemora_db {
+
+namespace {
+
+constexpr std::string_view kCelsius = "ºC";
+
+std::string Row(std::int64_t id) {
+    return "ID " + std::to_string(id);
+}
+
+/// Finds names that are the same to the reader, be it but for case.
+class Names {
+  public:
+    using RowName = std::function<std::string(std::int64_t)>;
+
+    Names(Findings& findings, std::string what, std::string where, RowName rowName = Row)
+        : findings_(findings),
+          what_(std::move(what)),
+          where_(std::move(where)),
+          rowName_(std::move(rowName)) {}
+
+    void Add(std::string_view name, std::int64_t row) {
+        if (name.empty()) {
+            return;
+        }
+        // Of the keys only their hashes are kept: at 64 bits two different names don't meet.
+        const auto [first, added] = seen_.emplace(std::hash<std::string>()(platform::SortKey(name)), row);
+        if (!added) {
+            findings_.Add(
+                Severity::Warning, what_, where_,
+                "\"" + std::string(name) + "\" (" + rowName_(first->second) + ", " + rowName_(row) + ")");
+        }
+    }
+
+  private:
+    Findings& findings_;
+    std::string what_;
+    std::string where_;
+    RowName rowName_;
+    std::unordered_map<std::uint64_t, std::int64_t> seen_;
+};
+
+/// Reads the rows of one table and checks what all tables have in common. Texts that stand for one another in
+/// several languages must be there in all of them or in none.
+class TableCheck {
+  public:
+    using Languages = std::vector<std::string_view>;
+
+    TableCheck(platform::Store& store, std::string_view table, std::span<const Column> columns,
+               Findings& findings, Progress& progress)
+        : table_(table),
+          columns_(columns),
+          rows_(store.Prepare(SelectSql(table, columns))),
+          findings_(findings),
+          progress_(progress) {}
+
+    void Need(std::string_view column) { needed_.push_back(Place(column)); }
+    void NeedTogether(const Languages& columns) {
+        auto& places = together_.emplace_back();
+        for (const std::string_view column : columns) {
+            places.push_back(Place(column));
+        }
+    }
+    void Unique(std::string_view column) {
+        unique_.push_back({Place(column), Names(findings_, "the name is there twice", Where(column))});
+    }
+    int Place(std::string_view column) const {
+        const auto found = std::find_if(columns_.begin(), columns_.end(),
+                                        [&](const Column& one) { return one.Name == column; });
+        return static_cast<int>(found - columns_.begin());
+    }
+
+    bool Next() {
+        if (!rows_.Step()) {
+            return false;
+        }
+        progress_.Tell("checking " + table_, ++count_, 0);
+        if (ID() < 1) {
+            findings_.Add(Severity::Error, "an ID must be 1 or above", table_, Row(ID()));
+        }
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            const int place = static_cast<int>(i);
+            if (columns_[i].Holds == Kind::Flag && rows_.Text(place) != "0" && rows_.Text(place) != "-1") {
+                Hit(Severity::Error, "the value must be -1 (true) or 0 (false)", columns_[i].Name);
+            }
+        }
+        for (const int place : needed_) {
+            if (IsEmpty(place)) {
+                Hit(Severity::Warning, "the text is missing", NameOf(place));
+            }
+        }
+        for (const auto& places : together_) {
+            const auto empty = [this](int place) { return IsEmpty(place); };
+            if (std::all_of(places.begin(), places.end(), empty)) {
+                continue;
+            }
+            for (const int place : places) {
+                if (IsEmpty(place)) {
+                    Hit(Severity::Warning, "the text is missing in this language alone", NameOf(place));
+                }
+            }
+        }
+        for (auto& [place, names] : unique_) {
+            names.Add(rows_.Text(place), ID());
+        }
+        return true;
+    }
+
+    std::int64_t ID() const { return rows_.Integer(0); }
+    std::string_view Text(int place) const { return rows_.Text(place); }
+    void Hit(Severity severity, const std::string& what, std::string_view column) {
+        findings_.Add(severity, what, Where(column), Row(ID()));
+    }
+
+  private:
+    struct UniqueColumn {
+        int Place;
+        Names Seen;
+    };
+
+    bool IsEmpty(int place) const { return rows_.IsNull(place) || rows_.Text(place).empty(); }
+    std::string_view NameOf(int place) const { return columns_[static_cast<std::size_t>(place)].Name; }
+    std::string Where(std::string_view column) const { return table_ + "." + std::string(column); }
+
+    std::string table_;
+    std::span<const Column> columns_;
+    platform::Statement rows_;
+    Findings& findings_;
+    Progress& progress_;
+    std::vector<int> needed_;
+    std::vector<std::vector<int>> together_;
+    std::vector<UniqueColumn> unique_;
+    std::uintmax_t count_ = 0;
+};
+
+void CheckChemicals(platform::Store& store, Contents& contents, Findings& findings, Progress& progress) {
+    TableCheck check(store, kChemicals.Name, kChemicals.Columns, findings, progress);
+    for (const std::string_view name : {"NameSE", "NameEN", "NameGE"}) {
+        check.Need(name);
+        check.Unique(name);
+    }
+    check.NeedTogether({"NickNameSE", "NickNameEN", "NickNameGE"});
+    check.NeedTogether({"NoteSE", "NoteEN", "NoteGE"});
+    const int formula = check.Place("Formula");
+    while (check.Next()) {
+        contents.Chemicals.push_back(check.ID());
+        if (!BracketsBalance(check.Text(formula))) {
+            check.Hit(Severity::Warning, "the brackets are not in pairs", "Formula");
+        }
+    }
+}
+
+void CheckLabels(platform::Store& store, Contents& contents, Findings& findings, Progress& progress) {
+    TableCheck concentrations(store, kConcentrations.Name, kConcentrations.Columns, findings, progress);
+    for (const std::string_view name : {"ConcentrationSE", "ConcentrationEN", "ConcentrationDE"}) {
+        concentrations.Need(name);
+        concentrations.Unique(name);
+    }
+    while (concentrations.Next()) {
+        contents.Concentrations.push_back(concentrations.ID());
+    }
+    TableCheck temperatures(store, kTemperatures.Name, kTemperatures.Columns, findings, progress);
+    temperatures.Unique("Temp");
+    const int label = temperatures.Place("Temp");
+    while (temperatures.Next()) {
+        contents.Temperatures.emplace(temperatures.ID(), TemperatureOf(temperatures.Text(label)));
+        if (!temperatures.Text(label).ends_with(kCelsius)) {
+            temperatures.Hit(Severity::Error, "a temperature must end in " + std::string(kCelsius), "Temp");
+        }
+    }
+}
+
+void CheckMaterials(platform::Store& store, Contents& contents, Findings& findings, Progress& progress) {
+    std::vector<std::string> rows;
+    Names everywhere(findings, "the name is there in two classes", "materials",
+                     [&](std::int64_t row) { return rows[static_cast<std::size_t>(row)]; });
+    for (std::size_t i = 0; i < kClasses.size(); ++i) {
+        const MaterialClass& one = kClasses[i];
+        TableCheck check(store, one.Name, one.Columns, findings, progress);
+        TableCheck::Languages descriptions = {"Description", "DescriptionEN"};
+        std::vector<std::string_view> names = {"Name", "NameEN"};
+        if (one.Columns.size() > kClasses[0].Columns.size()) {
+            descriptions.push_back("DescriptionDE");
+            names.push_back("NameDE");
+        }
+        for (const std::string_view name : names) {
+            check.Need(name);
+            check.Unique(name);
+        }
+        check.NeedTogether(descriptions);
+        std::set<std::string> keys;  // within the class a name is one finding already
+        const int name = check.Place("Name");
+        while (check.Next()) {
+            contents.Materials[i].push_back(check.ID());
+            if (keys.insert(platform::SortKey(check.Text(name))).second) {
+                rows.push_back(std::string(one.Name) + " " + std::to_string(check.ID()));
+                everywhere.Add(check.Text(name), static_cast<std::int64_t>(rows.size()) - 1);
+            }
+        }
+        for (const int id : one.FixedIDs) {
+            if (!std::binary_search(contents.Materials[i].begin(), contents.Materials[i].end(), id)) {
+                findings.Add(Severity::Warning, "a material that the update import fills is missing",
+                             std::string(one.Name), Row(id));
+            }
+        }
+    }
+}
+
+void CheckKeys(platform::Store& store, const Contents& contents, Findings& findings) {
+    std::set<std::pair<std::string, std::string>> seen;
+    auto rows = store.Prepare("SELECT Class, ID, [Key] FROM MaterialKey");
+    while (rows.Step()) {
+        const std::string name(rows.Text(0));
+        const std::string key(rows.Text(2));
+        std::string example = name;
+        example.append(" ").append(std::to_string(rows.Integer(1))).append(" \"").append(key).append("\"");
+        const auto found = std::find_if(kClasses.begin(), kClasses.end(),
+                                        [&](const MaterialClass& one) { return one.Name == name; });
+        if (found == kClasses.end()) {
+            findings.Add(Severity::Error, "there is no such class of materials", "MaterialKey", example);
+            continue;
+        }
+        const auto& materials = contents.Materials[static_cast<std::size_t>(found - kClasses.begin())];
+        if (!std::binary_search(materials.begin(), materials.end(), rows.Integer(1))) {
+            findings.Add(Severity::Warning, "the key of a material that isn't there", "MaterialKey", example);
+        }
+        if (!IsKey(key) || !seen.emplace(name, key).second) {
+            findings.Add(Severity::Error, "the key can't head a column or is there twice", "MaterialKey",
+                         example);
+        }
+    }
+}
+
+}  // namespace
+
+Contents CheckTables(platform::Store& store, Findings& findings, Progress& progress) {
+    Contents contents;
+    CheckChemicals(store, contents, findings, progress);
+    CheckLabels(store, contents, findings, progress);
+    CheckMaterials(store, contents, findings, progress);
+    CheckKeys(store, contents, findings);
+    return contents;
+}
+
+std::optional<double> TemperatureOf(std::string_view label) {
+    std::string number(label.substr(0, label.find_first_not_of("-0123456789,.")));
+    std::replace(number.begin(), number.end(), ',', '.');
+    double value = 0;
+    const auto [end, problem] = std::from_chars(number.data(), number.data() + number.size(), value);
+    return problem == std::errc() ? std::optional(value) : std::nullopt;
+}
+
+bool BracketsBalance(std::string_view formula) {
+    constexpr std::string_view opening = "([{";
+    constexpr std::string_view closing = ")]}";
+    std::string open;
+    for (const char c : formula) {
+        if (opening.find(c) != std::string_view::npos) {
+            open += closing[opening.find(c)];
+        } else if (closing.find(c) != std::string_view::npos) {
+            if (open.empty() || open.back() != c) {
+                return false;
+            }
+            open.pop_back();
+        }
+    }
+    return open.empty();
+}
+
+}  // namespace vemora_db

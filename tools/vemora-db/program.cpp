@@ -1,0 +1,200 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "vemora-db/program.h"
+
+#include <CLI/CLI.hpp>
+
+#include <fstream>
+
+#include "platform/error.h"
+#include "platform/files.h"
+#include "vemora-db/check.h"
+#include "vemora-db/create.h"
+#include "vemora-db/export.h"
+#include "vemora-db/password.h"
+#include "vemora-db/progress.h"
+
+namespace vemora_db {
+
+namespace {
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  vemora-db create data Vemora.mdb          make the database to be delivered\n"
+    "  vemora-db check Vemora.mdb                is it sound and complete?\n"
+    "  vemora-db export Vemora.mdb data --force  bring changes in the database back\n"
+    "\n"
+    "Exit status: 0 all is well, 1 check has findings, 2 wrong usage, 3 bad data,\n"
+    "4 a file or the database failed. See also: vemora-db COMMAND --help";
+
+constexpr const char* kCreateExamples =
+    "DATA holds chemicals.csv, concentrations.csv, temperatures.csv, materials.csv\n"
+    "and verdicts-metal.csv, -plast, -tight and -misc. A fault in them is told with\n"
+    "its place, as file:line:column, and no database is made.\n"
+    "\n"
+    "Examples:\n"
+    "  vemora-db create data Vemora.mdb\n"
+    "      Makes Vemora.mdb; an existing one is left alone and the command fails.\n"
+    "  vemora-db create --force data Vemora.mdb\n"
+    "      Replaces an existing one, once the new one is complete.\n"
+    "  vemora-db create --password-file secret.txt data Vemora.mdb\n"
+    "      The password is the first line of secret.txt.";
+
+constexpr const char* kExportExamples =
+    "The rows of the user come along, marked as such. Rows are sorted by ID, so that\n"
+    "two exports can be compared line by line.\n"
+    "\n"
+    "Examples:\n"
+    "  vemora-db export Vemora.mdb mine\n"
+    "      Writes eight CSV files into the folder mine, which is made if need be.\n"
+    "  vemora-db export --force Vemora.mdb data\n"
+    "      Replaces the CSV files in data.";
+
+constexpr const char* kCheckExamples =
+    "Errors are what makes the program fail or show wrong things: damaged pages,\n"
+    "wrong tables, values out of their domain. Warnings are what somebody should look\n"
+    "at: rows that refer to nothing, names that are there twice, holes. The database\n"
+    "is only read.\n"
+    "\n"
+    "Examples:\n"
+    "  vemora-db check Vemora.mdb\n"
+    "      Prints a table of findings; exit status 1 when there are any.\n"
+    "  vemora-db check --no-warnings Vemora.mdb\n"
+    "      Looks at errors only, for the exit status, too.\n"
+    "  vemora-db check --quiet Vemora.mdb || echo \"not sound\"\n"
+    "      Tells it by the exit status alone.";
+
+const std::string kProgram = "vemora-db: ";
+
+struct Arguments {
+    std::string Data;
+    std::string File;
+    std::string PasswordFile;
+    bool Force = false;
+    bool Quiet = false;
+    bool NoWarnings = false;
+};
+
+void AddPassword(CLI::App& command, Arguments& arguments) {
+    command
+        .add_option(
+            "--password-file", arguments.PasswordFile,
+            "The password is the first line of this file; without it, it's that of the delivered database")
+        ->type_name("FILE");
+}
+
+void AddForce(CLI::App& command, Arguments& arguments, const char* what) {
+    command.add_flag("-f,--force", arguments.Force, what);
+}
+
+void AddFile(CLI::App& command, Arguments& arguments, const char* what) {
+    command.add_option("FILE", arguments.File, what)->required()->type_name("");
+}
+
+void AddData(CLI::App& command, Arguments& arguments, const char* what) {
+    command.add_option("DATA", arguments.Data, what)->required()->type_name("");
+}
+
+std::string Password(const Arguments& arguments) {
+    if (arguments.PasswordFile.empty()) {
+        return std::string(kDeliveredPassword);
+    }
+    std::string password = platform::ReadFile(platform::PathFromUtf8(arguments.PasswordFile));
+    password.resize(std::min(password.find_first_of("\r\n"), password.size()));
+    if (password.empty()) {
+        throw WrongUsage(arguments.PasswordFile + ": the first line holds no password");
+    }
+    return password;
+}
+
+Status RunCheck(const Arguments& arguments, std::ostream& out, Progress& progress) {
+    const Findings findings = Check(platform::PathFromUtf8(arguments.File), Password(arguments), progress);
+    progress.Clear();
+    if (!arguments.Quiet) {
+        findings.Print(out, !arguments.NoWarnings);
+    }
+    const bool found =
+        findings.Has(Severity::Error) || (!arguments.NoWarnings && findings.Has(Severity::Warning));
+    return found ? Status::Findings : Status::Fine;
+}
+
+Status RunExport(const Arguments& arguments, std::ostream& err, Progress& progress) {
+    const std::size_t strange =
+        Export(platform::PathFromUtf8(arguments.File), platform::PathFromUtf8(arguments.Data),
+               Password(arguments), arguments.Force, progress);
+    if (strange == 0) {
+        return Status::Fine;
+    }
+    progress.Clear();
+    err << kProgram << strange
+        << " verdicts are none of +, -, 0 and the blank; they are written with \"?\" in front, and create "
+           "will "
+           "refuse them\n";
+    return Status::BadData;
+}
+
+}  // namespace
+
+Status Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err, bool terminal) {
+    Arguments arguments;
+    CLI::App app("Makes, exports and checks the database of Vemora.", "vemora-db");
+    app.footer(kExamples);
+    app.require_subcommand(1);
+    app.set_version_flag("--version", std::string("vemora-db " VEMORA_VERSION), "Print the version and exit");
+
+    CLI::App& create = *app.add_subcommand("create", "Make the database FILE from the CSV files in DATA");
+    create.footer(kCreateExamples);
+    AddData(create, arguments, "Folder of the CSV files");
+    AddFile(create, arguments, "Database to be made");
+    AddForce(create, arguments, "Replace an existing FILE");
+    AddPassword(create, arguments);
+
+    CLI::App& exporting =
+        *app.add_subcommand("export", "Write the rows of the database FILE as CSV into DATA");
+    exporting.footer(kExportExamples);
+    AddFile(exporting, arguments, "Database to be read");
+    AddData(exporting, arguments, "Folder for the CSV files");
+    AddForce(exporting, arguments, "Replace CSV files that are there");
+    AddPassword(exporting, arguments);
+
+    CLI::App& check = *app.add_subcommand("check", "Look for all that is wrong in the database FILE");
+    check.footer(kCheckExamples);
+    AddFile(check, arguments, "Database to be checked");
+    check.add_flag("-q,--quiet", arguments.Quiet, "Print nothing; the exit status tells");
+    check.add_flag("--no-warnings", arguments.NoWarnings, "Look at errors only");
+    AddPassword(check, arguments);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, out, err) == 0 ? Status::Fine : Status::WrongUsage;
+    }
+    Progress progress(err, terminal);
+    const auto failed = [&](Status status, const std::string& message) {
+        progress.Clear();
+        err << message << '\n';
+        return status;
+    };
+    try {
+        if (create.parsed()) {
+            Create(platform::PathFromUtf8(arguments.Data), platform::PathFromUtf8(arguments.File),
+                   Password(arguments), arguments.Force, progress);
+            return Status::Fine;
+        }
+        return exporting.parsed() ? RunExport(arguments, err, progress) : RunCheck(arguments, out, progress);
+    } catch (const BadData& error) {
+        // The place stands first in the line, where editors and build tools look for it.
+        return failed(Status::BadData, error.what());
+    } catch (const WrongUsage& error) {
+        return failed(Status::WrongUsage, kProgram + error.what());
+    } catch (const platform::Error& error) {
+        // The store doesn't tell which file it is about, the others do.
+        const std::string file = error.Source == "store" ? arguments.File + ": " : "";
+        return failed(Status::Failed, kProgram + file + error.Description);
+    } catch (const std::exception& error) {
+        return failed(Status::Failed, kProgram + error.what());
+    }
+}
+
+}  // namespace vemora_db
