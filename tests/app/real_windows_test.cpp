@@ -1,0 +1,215 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+// The program's own windows on the real window system, driven by keyboard and mouse.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+#include <functional>
+#include <string>
+#include <tuple>
+
+#include "app/program.h"
+#include "qt/clipping.h"
+#include "qt/desktop.h"
+#include "support/program_folder.h"
+
+namespace {
+
+QWidget* WindowNamed(const QString& name) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == name && widget->isVisible()) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
+
+template <class Widget>
+Widget* Child(QWidget* window, const char* name) {
+    auto* child = window->findChild<Widget*>(name);
+    EXPECT_NE(child, nullptr) << name;
+    return child;
+}
+
+// Runs a piece of the test inside the loop of the modal window, as soon as that is up. The piece must close it.
+void WhileUp(const std::function<QWidget*()>& find, const std::function<void(QWidget*)>& piece) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [=] {
+        if (QWidget* window = find()) {
+            timer->deleteLater();
+            timer->stop();
+            piece(window);
+        }
+    });
+    timer->start(0);
+}
+
+void WhileUp(const char* name, const std::function<void(QWidget*)>& piece) {
+    WhileUp([name] { return WindowNamed(name); }, piece);
+}
+
+// Closes the next message box by a key and keeps its text.
+void AnswerBox(QString& text) {
+    WhileUp([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); },
+            [&text](QWidget* box) {
+                text = static_cast<QMessageBox*>(box)->text();
+                QTest::keyClick(box, Qt::Key_Return);
+            });
+}
+
+struct Run {
+    explicit Run(const std::string& language) : Folder(language) {}
+    test::ProgramFolder Folder;
+    vemora::Program* Running = nullptr;
+    qt::QtDesktop Desktop{
+        [this] { return Running != nullptr ? Running->Main.TextTillAndra("lang") : std::string(); }};
+    vemora::Program Program{Desktop, Folder.Path()};
+
+    QWidget* Start() {
+        Running = &Program;
+        Desktop.Event([this] { Program.Main.Main(); });
+        Desktop.Flush();
+        return WindowNamed("frmMain");
+    }
+    void ExpectWhole(QWidget* window, const char* what) {
+        Desktop.Flush();
+        for (const std::string& text : ClippedTexts(*window)) {
+            ADD_FAILURE() << what << " clips or overlaps: " << text;
+        }
+    }
+};
+
+class EveryText : public testing::TestWithParam<std::tuple<std::string, double>> {
+  protected:
+    void SetUp() override {
+        before_ = QApplication::font();
+        QFont font = before_;
+        font.setPointSizeF(before_.pointSizeF() * std::get<1>(GetParam()));
+        QApplication::setFont(font);
+    }
+    void TearDown() override { QApplication::setFont(before_); }
+
+  private:
+    QFont before_;
+};
+
+TEST_P(EveryText, FitsItsPlace) {
+    Run run(std::get<0>(GetParam()));
+    QWidget* main = run.Start();
+    ASSERT_NE(main, nullptr);
+    run.ExpectWhole(main, "frmMain as it opens");
+    main->resize(main->width() * 2 + 200, main->height());
+    QApplication::processEvents();
+    run.ExpectWhole(main, "frmMain made wide");
+
+    WhileUp("frmChemical", [&](QWidget* sheet) {
+        run.ExpectWhole(sheet, "frmChemical");
+        sheet->close();
+    });
+    vemora::frmChemical& sheet = run.Program.Main.Windows.Chemical();
+    sheet.Nyckel(-1);  // no table, so that German has no failing queries
+    sheet.Show(platform::vbModal);
+    main->close();
+}
+
+TEST_P(EveryText, OfTheLanguageChoiceFits) {
+    Run run("");
+    WhileUp("frmLang", [&](QWidget* window) {
+        run.ExpectWhole(window, "frmLang");
+        window->close();
+    });
+    EXPECT_EQ(run.Start(), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, EveryText,
+                         testing::Combine(testing::Values("Svenska", "English", "Deutsch"),
+                                          testing::Values(1.0, 1.5)));
+
+TEST(RealWindows, SearchOpenNarrowCopyAndCloseByKeyboard) {
+    Run run("English");
+    QWidget* main = run.Start();
+    ASSERT_NE(main, nullptr);
+    auto* text = Child<QLineEdit>(main, "txtChem");
+    QTest::keyClicks(text, "sulf");
+    QTest::keyClick(text, Qt::Key_Return);
+    run.Desktop.Flush();
+
+    auto* list = Child<QTreeView>(main, "lvwResultat");
+    ASSERT_GT(list->model()->rowCount(), 0);
+    EXPECT_EQ(list->currentIndex().row(), 0);
+    EXPECT_EQ(main->focusWidget(), list);
+
+    QString box;
+    int rows = 0;
+    int narrowed = 0;
+    WhileUp("frmChemical", [&](QWidget* sheet) {
+        auto* table = Child<QTreeView>(sheet, "lvwMaterial");
+        rows = table->model()->rowCount();
+        AnswerBox(box);
+        QTest::keyClick(sheet->focusWidget(), Qt::Key_C, Qt::ControlModifier);
+        auto* temperatures = Child<QComboBox>(sheet, "cboTemp");
+        temperatures->setFocus();
+        QTest::keyClick(temperatures, Qt::Key_Down);
+        run.Desktop.Flush();
+        narrowed = table->model()->rowCount();
+        table->setFocus();
+        QTest::keyClick(table, Qt::Key_Escape);
+    });
+    QTest::keyClick(list, Qt::Key_Return);
+
+    EXPECT_GT(rows, 0);
+    EXPECT_LT(narrowed, rows);
+    EXPECT_FALSE(box.isEmpty());
+    const QString report = QApplication::clipboard()->text();
+    EXPECT_TRUE(report.startsWith("Formula: ")) << report.toStdString();
+    EXPECT_EQ(WindowNamed("frmChemical"), nullptr);
+    main->close();
+    EXPECT_EQ(run.Program.Main.gCn, nullptr);
+}
+
+TEST(RealWindows, DoubleClickOpensAndTheCloseButtonCloses) {
+    Run run("Svenska");
+    QWidget* main = run.Start();
+    ASSERT_NE(main, nullptr);
+    QTest::mouseClick(Child<QWidget>(main, "cmdSök"), Qt::LeftButton);
+    run.Desktop.Flush();
+    auto* list = Child<QTreeView>(main, "lvwResultat");
+    ASSERT_GT(list->model()->rowCount(), 1);
+    const QPoint second = list->visualRect(list->model()->index(1, 0)).center();
+    bool opened = false;
+    WhileUp("frmChemical", [&](QWidget* sheet) {
+        opened = true;
+        QTest::mouseClick(Child<QWidget>(sheet, "cmdStäng"), Qt::LeftButton);
+    });
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, second);
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(WindowNamed("frmChemical"), nullptr);
+    main->close();
+}
+
+TEST(RealWindows, AQuoteEndsTheProgramWithAMessageAndAClosedDatabase) {
+    Run run("English");
+    QWidget* main = run.Start();
+    ASSERT_NE(main, nullptr);
+    auto* text = Child<QLineEdit>(main, "txtChem");
+    QTest::keyClicks(text, "l'eau");
+    QString box;
+    AnswerBox(box);
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_TRUE(box.startsWith("-2147217900")) << box.toStdString();
+    EXPECT_TRUE(run.Desktop.Ended());
+    EXPECT_FALSE(run.Program.Main.gCn->IsOpen());
+    EXPECT_FALSE(std::filesystem::exists(run.Folder.Path() / "Vemora.mdb-wal"));
+}
+
+}  // namespace

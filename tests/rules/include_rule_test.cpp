@@ -1,0 +1,92 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <regex>
+#include <set>
+
+#include "rules/sources.h"
+
+namespace {
+
+using Folders = std::set<std::string>;
+
+std::string FirstFolder(const std::string& path) {
+    return path.substr(0, path.find('/'));
+}
+
+/// What a file of src may include of the program itself. A window that isn't named here knows its own folder
+/// and what all windows know.
+Folders KnownTo(const std::string& file) {
+    static const std::map<std::string, Folders> known = {
+        {"platform", {"platform"}},
+        {"texts", {"platform", "texts"}},
+        {"core", {"platform", "texts", "core"}},
+        {"search", {"platform", "texts", "core", "search", "sheet"}},
+        {"qt", {"platform", "qt"}}};
+    const std::string folder = FirstFolder(file);
+    const auto entry = known.find(folder);
+    return entry != known.end() ? entry->second : Folders{"platform", "texts", "core", folder};
+}
+
+bool MayInclude(const std::string& file, const std::string& include, bool system) {
+    const std::string folder = FirstFolder(file);
+    const bool desktop = folder == "qt" || file == "app/main.cpp";
+    if (system) {
+        const bool widgets = include.front() == 'Q';
+        const bool store =
+            include.starts_with("sqlite3") || include.starts_with("unicode/") || include.starts_with("curl/");
+        return (!widgets || desktop) && (!store || folder == "platform");
+    }
+    if (folder == "app") {
+        return FirstFolder(include) != "qt" || desktop;  // puts everything together
+    }
+    if (folder == "core" && include.find("/frm") != std::string::npos) {
+        return false;  // shows windows without knowing them
+    }
+    const bool generated = include.find('/') == std::string::npos && include.ends_with(".moc");
+    return KnownTo(file).contains(FirstFolder(include)) || (generated && folder == "qt");
+}
+
+TEST(IncludeRule, TellsWhatIsForbidden) {
+    const struct {
+        const char *File, *Include;
+        bool System, Allowed;
+    } cases[] = {{"platform/store.cpp", "sqlite3.h", true, true},
+                 {"platform/desktop.h", "core/mMain.h", false, false},
+                 {"platform/forms/form.cpp", "QString", true, false},
+                 {"core/mMain.cpp", "texts/mTexter.h", false, true},
+                 {"core/mMain.cpp", "texts/frmLang.h", false, false},
+                 {"core/mMain.cpp", "search/frmMain.h", false, false},
+                 {"search/frmMain.cpp", "sheet/frmChemical.h", false, true},
+                 {"search/frmMain.cpp", "qt/desktop.h", false, false},
+                 {"sheet/frmChemical.cpp", "search/frmMain.h", false, false},
+                 {"update/frmUPD.cpp", "settings/frmInstallningar.h", false, false},
+                 {"update/frmUPD.cpp", "curl/curl.h", true, false},
+                 {"qt/desktop.cpp", "QApplication", true, true},
+                 {"qt/desktop.cpp", "search/frmMain.h", false, false},
+                 {"app/program.cpp", "search/frmMain.h", false, true},
+                 {"app/program.cpp", "QApplication", true, false},
+                 {"app/main.cpp", "qt/desktop.h", false, true}};
+    for (const auto& [file, include, system, allowed] : cases) {
+        EXPECT_EQ(MayInclude(file, include, system), allowed) << file << " " << include;
+    }
+}
+
+TEST(IncludeRule, HoldsInEverySource) {
+    const std::regex line(R"(^\s*#\s*include\s*([<"])([^>"]+))", std::regex::multiline);
+    int seen = 0;
+    for (const std::string& file : test::SourceFiles()) {
+        const std::string source = test::ReadAll(test::kSources / file);
+        for (std::sregex_iterator match(source.begin(), source.end(), line), end; match != end; ++match) {
+            ++seen;
+            EXPECT_TRUE(MayInclude(file, (*match)[2], (*match)[1] == "<"))
+                << file << " may not include " << (*match)[2];
+        }
+    }
+    EXPECT_GT(seen, 100);
+}
+
+}  // namespace

@@ -1,0 +1,109 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "support/scripted_desktop.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/text.h"
+
+namespace test {
+
+namespace {
+
+// How a description is worded is its writer's business, as long as it is a sentence.
+std::string WithoutDescription(std::string text) {
+    const auto begin = text.find(" (");
+    const auto end = text.rfind(".)");
+    if (begin != std::string::npos && end != std::string::npos && begin < end) {
+        text.replace(begin + 2, end - begin - 1, "…");
+    }
+    return text;
+}
+
+}  // namespace
+
+ScriptedDesktop::~ScriptedDesktop() {
+    for (const std::string& box : boxes_) {
+        ADD_FAILURE() << "Nobody expected the box " << box;
+    }
+    EXPECT_TRUE(pieces_.empty()) << "A modal window that was expected never came up.";
+    EXPECT_TRUE(Answers.empty()) << "A question that was expected was never asked.";
+}
+
+std::vector<std::string> ScriptedDesktop::TakeBoxes() {
+    return std::exchange(boxes_, {});
+}
+
+std::vector<std::string> ScriptedDesktop::Logged(std::string_view word) const {
+    std::vector<std::string> found;
+    std::copy_if(Log.begin(), Log.end(), std::back_inserter(found),
+                 [&](const std::string& entry) { return entry.starts_with(word); });
+    return found;
+}
+
+int ScriptedDesktop::MsgBox(const std::string& text, int flags, const std::optional<std::string>& title) {
+    boxes_.push_back("[" + std::to_string(flags) + " " + title.value_or("-") + "] " +
+                     WithoutDescription(text));
+    Log.push_back("box " + text);
+    constexpr int buttons = 7;
+    if ((flags & buttons) == 0) {
+        return platform::msg::AnswerOk;
+    }
+    if (Answers.empty()) {
+        ADD_FAILURE() << "No answer is queued for the question: " << text;
+        return platform::msg::AnswerNo;
+    }
+    const int answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+}
+
+void ScriptedDesktop::Show(platform::Form& form, bool modal, platform::Form* owner) {
+    if (Ended()) {
+        throw platform::ProgramEnded{};
+    }
+    Log.push_back("show " + form.Name() + (modal ? " modal" : "") +
+                  (owner != nullptr ? " over " + owner->Name() : ""));
+    form.InputResize(form.Width(), form.Height());
+    form.InputActivate();
+    if (!modal) {
+        return;
+    }
+    if (pieces_.empty()) {
+        ADD_FAILURE() << "Nobody expected the modal window " << form.Name();
+    } else if (!Ended()) {
+        const auto piece = std::move(pieces_.front());
+        pieces_.pop_front();
+        piece(form);
+    }
+    if (Ended()) {
+        throw platform::ProgramEnded{};
+    }
+    if (form.IsLoaded()) {
+        ADD_FAILURE() << "The modal window is still up: " << form.Name();
+        form.Unload();
+    }
+}
+
+void ScriptedDesktop::ClipboardClear() {
+    Log.emplace_back("clipboard cleared");
+    Clipboard.clear();
+}
+
+void ScriptedDesktop::ClipboardSetText(const std::string& text) {
+    Log.emplace_back("clipboard set");
+    Clipboard = text;
+}
+
+bool ScriptedDesktop::OpenWebPage(const std::string& address) {
+    Log.push_back("web " + address);
+    return true;
+}
+
+int ScriptedDesktop::TextWidth(const platform::Font&, const std::string& text) const {
+    return 90 * static_cast<int>(platform::Len(text));
+}
+
+}  // namespace test

@@ -1,0 +1,68 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/program.h"
+#include "search/frmMain.h"
+#include "sheet/frmChemical.h"
+#include "support/program_folder.h"
+#include "support/scripted_desktop.h"
+
+namespace test {
+
+using Strings = std::vector<std::string>;
+
+/// One run of the program on a folder and a desktop of its own.
+class Session {
+  public:
+    explicit Session(const std::string& language = "Svenska") : Folder(language) {}
+
+    ProgramFolder Folder;
+    ScriptedDesktop Desktop;
+    vemora::Program Program{Desktop, Folder.Path()};
+    vemora::mMain& Core = Program.Main;
+
+    Session& Start() {
+        Desktop.Event([this] { Core.Main(); });
+        return *this;
+    }
+    vemora::frmMain& Main() { return dynamic_cast<vemora::frmMain&>(Core.Windows.Main()); }
+    vemora::frmChemical& Sheet() { return Core.Windows.Chemical(); }
+    std::string T(const std::string& key) { return Core.TextTillAndra(key); }
+    Strings Boxes() { return Desktop.TakeBoxes(); }
+
+    /// The common error report as TakeBoxes gives it; where is "GetConc in Form frmChemical".
+    std::string Report(long number, const std::string& where) {
+        return "[16 " + Core.gFelTitel + "] " + T("R0026") + " " + std::to_string(number) +
+               " (…) in procedure " + where;
+    }
+
+    /// The user types a text into the main window, in the place of what stood there, and presses Enter.
+    void Search(const std::string& text, int option = 0);
+    /// Shows the sheet of a chemical; the piece runs while it is up, and the sheet is closed behind it.
+    void OpenSheet(std::int32_t ID, const std::function<void(vemora::frmChemical&)>& piece);
+    /// Runs a statement of the system on the open database.
+    void Change(const std::string& statement) { Core.gCn->Execute(statement); }
+    /// The first field of every row of a statement.
+    Strings Ask(const std::string& statement);
+};
+
+/// The rows of a list as shown: the texts of its columns joined by "|".
+Strings Rows(const platform::ListView& list);
+/// The keys of its rows.
+Strings Keys(const platform::ListView& list);
+Strings Headings(const platform::ListView& list);
+/// The entries of a drop-down list, each with its item data: "10 %=1".
+Strings Entries(const platform::ComboBox& list);
+
+/// A key that types a character: Enter or Esc.
+inline void Press(platform::Form& form, int key) {
+    form.InputKey(key, 0, key);
+}
+
+}  // namespace test

@@ -1,0 +1,133 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "support/session.h"
+#include "texts/frmLang.h"
+
+namespace vemora {
+namespace {
+
+using test::Strings;
+
+class LanguageWindow : public testing::Test {
+  protected:
+    /// The window over a folder with these language files only, and what the user does in it.
+    void Show(const std::function<void(frmLang&)>& user) {
+        desktop.WhileModal<frmLang>([&](frmLang& shown) {
+            user(shown);
+            if (!desktop.Ended()) {
+                shown.cmdAvbryt.InputClick();
+            }
+        });
+        desktop.Event([&] { window.Show(platform::vbModal); });
+    }
+    void Language(std::string_view file, const std::string& name) {
+        folder.WriteLanguage(file, "[System]\nlang=" + name + "\n");
+    }
+    static std::string Entry(const std::string& name, const std::string& file) {
+        return name + std::string(100, ' ') + file;
+    }
+    /// The entries, sorted: the order of a directory is anyone's.
+    static Strings Entries(const frmLang& shown) {
+        Strings entries;
+        for (int i = 0; i < shown.cboLang.ListCount(); ++i) {
+            entries.push_back(shown.cboLang.List(i));
+        }
+        std::sort(entries.begin(), entries.end());
+        return entries;
+    }
+    static void Choose(frmLang& shown, const std::string& entry) {
+        for (int i = 0; i < shown.cboLang.ListCount(); ++i) {
+            if (shown.cboLang.List(i) == entry) {
+                shown.cboLang.InputIndex(i);
+            }
+        }
+    }
+    std::string Active() const { return test::ReadAll(folder.Bin("lang.ini")); }
+
+    test::ProgramFolder folder{"English"};
+    test::ScriptedDesktop desktop;
+    frmLang window{desktop, folder.Path()};
+};
+
+TEST_F(LanguageWindow, ListsTheLanguagesAndSelectsTheOneInForce) {
+    Language("LANGUAGE.INI", "Suomi");
+    Language("LangNone.ini", "");
+    Language("Other.ini", "Other");
+    std::filesystem::create_directory(folder.Bin("LangFolder.ini"));
+    const std::string before = Active();
+    Show([&](frmLang& shown) {
+        EXPECT_EQ(Entries(shown),
+                  (Strings{Entry("Deutsch", "LangDeutsch.ini"), Entry("English", "LangEnglish.ini"),
+                           Entry("Suomi", "LANGUAGE.INI"), Entry("Svenska", "LangSvenska.ini")}));
+        EXPECT_EQ(shown.cboLang.Text(), Entry("English", "LangEnglish.ini"));
+        EXPECT_EQ(shown.Caption, "Select language/ Välj språk");
+        // The selection was the program's and copied nothing; the user's copies, even of the same entry.
+        std::filesystem::remove(folder.Bin("lang.ini"));
+        Choose(shown, Entry("English", "LangEnglish.ini"));
+        EXPECT_EQ(Active(), before);
+        shown.cmdOk.InputClick();
+        EXPECT_FALSE(shown.IsLoaded());
+    });
+    EXPECT_EQ(desktop.Logged("pointer"), Strings{"pointer 0"});
+}
+
+TEST_F(LanguageWindow, TwoFilesOfOneLanguageAreTwoEntries) {
+    Language("LangA.ini", "Zwei");
+    folder.WriteLanguage("LangB.ini", "[System]\nlang=Zwei\nR0001=B\n");
+    Show([&](frmLang& shown) {
+        for (const std::string file : {"LangA.ini", "LangB.ini"}) {
+            Choose(shown, Entry("Zwei", file));
+            EXPECT_EQ(Active(), test::ReadAll(folder.Bin(file)));
+        }
+    });
+}
+
+TEST_F(LanguageWindow, OkNeedsAChoice) {
+    std::filesystem::remove(folder.Bin("lang.ini"));
+    Show([&](frmLang& shown) {
+        test::Press(shown, platform::key::Return);  // the default button
+        EXPECT_TRUE(shown.IsLoaded());
+        EXPECT_EQ(desktop.Logged("focus"), Strings{"focus cboLang"});
+    });
+}
+
+TEST_F(LanguageWindow, ALongNameIsNeverRecognised) {
+    const std::string name(60, 'x');
+    Language("LangX.ini", name);
+    Language("lang.ini", name);
+    Language("LangY.ini", std::string(120, 'y'));
+    Show([&](frmLang& shown) {
+        EXPECT_EQ(shown.cboLang.ListIndex, -1);
+        EXPECT_EQ(Entries(shown).back(), Entry(std::string(99, 'y'), "LangY.ini"));
+    });
+}
+
+TEST_F(LanguageWindow, ThereIsOneActiveFileHoweverItsNameIsWritten) {
+    std::filesystem::rename(folder.Bin("lang.ini"), folder.Bin("LANG.ini"));
+    Show([&](frmLang& shown) {
+        EXPECT_EQ(shown.cboLang.Text(), Entry("English", "LangEnglish.ini"));
+        Choose(shown, Entry("Svenska", "LangSvenska.ini"));
+    });
+    EXPECT_EQ(folder.BinFiles(),
+              (Strings{"LangDeutsch.ini", "LangEnglish.ini", "LangSvenska.ini", "lang.ini"}));
+    EXPECT_EQ(Active(), test::ReadAll(folder.Bin("LangSvenska.ini")));
+}
+
+TEST_F(LanguageWindow, ACopyThatFailsEndsTheProgram) {
+    // Of a file name with a blank only what stands behind the last one is taken for it.
+    Language("Lang my own.ini", "Mine");
+    Show([&](frmLang& shown) { Choose(shown, Entry("Mine", "Lang my own.ini")); });
+    EXPECT_EQ(desktop.TakeBoxes(), Strings{"[16 -] 53 (…)"});
+    EXPECT_TRUE(desktop.Ended());
+    EXPECT_EQ(desktop.Logged("quit").size(), 1U);
+    EXPECT_FALSE(LanguageFileExists(folder.Path()));
+}
+
+}  // namespace
+}  // namespace vemora
