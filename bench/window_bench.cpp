@@ -1,0 +1,151 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+// The real windows: the start against an empty window's, and the empty search with its memory.
+
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QProcess>
+#include <QTimer>
+#include <QTreeView>
+#include <QWidget>
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include "app/program.h"
+#include "platform/store.h"
+#include "qt/desktop.h"
+#include "search/frmMain.h"
+#include "support.h"
+
+namespace {
+
+// Ends the process at the first picture of a window on the screen.
+class FirstPaint : public QObject {
+  public:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Paint && object->isWidgetType()) {
+            QTimer::singleShot(0, [] { std::_Exit(0); });
+        }
+        return false;
+    }
+};
+
+int StartEmpty(int argc, char** argv) {
+    QApplication application(argc, argv);
+    FirstPaint paint;
+    application.installEventFilter(&paint);
+    QWidget window;
+    window.resize(507, 507);
+    window.show();
+    return QApplication::exec();
+}
+
+int StartVemora(int argc, char** argv) {
+    QApplication application(argc, argv);
+    FirstPaint paint;
+    application.installEventFilter(&paint);
+    qt::QtDesktop desktop([] { return std::string("English"); });
+    vemora::Program program(desktop, argv[2]);
+    desktop.Event([&program] { program.Main.Main(); });
+    return desktop.Run();
+}
+
+// Opening alone: nearly all of it is the derivation of the key.
+int OpenStore(char** argv) {
+    platform::Store store(std::filesystem::path(argv[2]) / "Vemora.mdb", "mora27",
+                          platform::Store::Access::Exclusive);
+    return 0;
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+double RunOnce(const QString& self, const QStringList& arguments) {
+    QElapsedTimer timer;
+    timer.start();
+    if (QProcess::execute(self, arguments) != 0) {
+        std::fprintf(stderr, "a start failed\n");
+        std::_Exit(1);
+    }
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+void MeasureStart(const QString& self, const QString& folder) {
+    std::vector<double> vemora, empty, open, nothing;
+    for (int i = 0; i < 15; ++i) {
+        empty.push_back(RunOnce(self, {"start-empty"}));
+        vemora.push_back(RunOnce(self, {"start-vemora", folder}));
+        open.push_back(RunOnce(self, {"open", folder}));
+        nothing.push_back(RunOnce(self, {"nothing"}));
+    }
+    const double derivation = Median(open) - Median(nothing);
+    std::printf("start to the shown window|%.0f|%.0f|%.2f|less %.0f ms of key derivation\n", Median(vemora),
+                Median(empty), (Median(vemora) - derivation) / Median(empty), derivation);
+}
+
+void MeasureEmptySearch(int argc, char** argv, const std::filesystem::path& folder) {
+    QApplication application(argc, argv);
+    qt::QtDesktop desktop([] { return std::string("English"); });
+    vemora::Program program(desktop, folder);
+    program.Main.Main();
+    auto& window = static_cast<vemora::frmMain&>(program.Main.Windows.Main());
+    QApplication::processEvents();
+
+    QElapsedTimer timer;
+    timer.start();
+    window.cmdSök.InputClick();
+    const double search = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+
+    QWidget* list = nullptr;
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->objectName() == "lvwResultat") {
+            list = widget;
+        }
+    }
+    // The next key: everything that the search has left to draw comes before it.
+    timer.restart();
+    QApplication::postEvent(list, new QKeyEvent(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier));
+    QApplication::processEvents();
+    const double key = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("empty search in the real window|%.0f|||%d rows\n", search, window.lvwResultat.ItemCount());
+    std::printf("next key after it|%.1f|100|%.2f|\n", key, key / 100);
+    std::printf("whole process, peak (MB)|%ld|350|%.2f|\n", usage.ru_maxrss / 1024,
+                static_cast<double>(usage.ru_maxrss) / 1024 / 350);
+    window.Unload();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::string mode = argc > 1 ? argv[1] : "";
+    if (mode == "start-empty") {
+        return StartEmpty(argc, argv);
+    }
+    if (mode == "start-vemora") {
+        return StartVemora(argc, argv);
+    }
+    if (mode == "open") {
+        return OpenStore(argv);
+    }
+    if (mode == "nothing") {
+        return 0;
+    }
+    if (mode.empty()) {
+        return 2;
+    }
+    const std::filesystem::path folder = bench::ProgramFolder(mode);
+    MeasureStart(QString::fromLocal8Bit(argv[0]), QString::fromStdString(folder.string()));
+    MeasureEmptySearch(argc, argv, folder);
+    return 0;
+}
