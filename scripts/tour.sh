@@ -1,0 +1,145 @@
+#!/usr/bin/env bash
+# Copyright (c) 2026 The Vemora developers
+# SPDX-License-Identifier: MIT
+#
+# Drives the real program on a virtual display with real key and mouse events, as a new user would, and leaves
+# pictures: scripts/tour.sh PROGRAM_FOLDER PICTURES. Fails when the program doesn't do what the tour expects.
+# The folder is copied, so that the user's database and language stay as they are.
+set -euo pipefail
+source_folder=$(cd "$1" && pwd)
+mkdir -p "$2"
+pictures=$(cd "$2" && pwd)
+
+work=$(mktemp -d)
+cleanup() {
+    [ -n "${program:-}" ] && kill "$program" 2>/dev/null || true
+    [ -n "${manager:-}" ] && kill "$manager" 2>/dev/null || true
+    [ -n "${server:-}" ] && kill "$server" 2>/dev/null || true
+    rm -rf "$work"
+}
+trap cleanup EXIT
+
+fail() {
+    import -window root "$pictures/failure.png" 2>/dev/null || true
+    echo "tour: $*" >&2
+    exit 1
+}
+# Waits until a command succeeds, ten seconds at most.
+wait_for() {
+    local what=$1 i
+    shift
+    for ((i = 0; i < 100; i++)); do
+        "$@" >/dev/null 2>&1 && return 0
+        sleep 0.1
+    done
+    fail "waited in vain for $what"
+}
+window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1 | grep .; }
+active_is() { [ "$(xdotool getactivewindow getwindowname 2>/dev/null)" = "$1" ]; }
+# The active window, or the whole screen with the second argument "root".
+picture() {
+    # The screen has to be at rest: two pictures in a row that are alike.
+    local previous="" now i
+    for ((i = 0; i < 30; i++)); do
+        import -window "${2:-$(xdotool getactivewindow)}" "$work/shot.png"
+        now=$(md5sum <"$work/shot.png")
+        [ "$now" = "$previous" ] && break
+        previous=$now
+        sleep 0.1
+    done
+    mv "$work/shot.png" "$pictures/$1.png"
+}
+keys() { xdotool key --clearmodifiers --delay 60 "$@"; }
+
+# A display of our own, with a window manager that gives windows the focus.
+Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
+server=$!
+wait_for "the virtual display" test -s "$work/display"
+DISPLAY=:$(cat "$work/display")
+export DISPLAY
+unset WAYLAND_DISPLAY QT_QPA_PLATFORM QT_QPA_PLATFORMTHEME
+export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR="$work" HOME="$work"
+openbox >"$work/openbox.log" 2>&1 &
+manager=$!
+
+tour() {
+    local language=$1 entry=$2 word=$3 search=$4
+    local folder="$work/$language Vemöra"
+    cp -r "$source_folder" "$folder"
+    rm -f "$folder/bin/lang.ini" "$folder/Vemora.mdb"
+    cp "$shipped" "$folder/Vemora.mdb"
+
+    "$folder/vemora" >"$work/$language.log" 2>&1 &
+    program=$!
+
+    # The first start asks for the language; the choice is a click in the list.
+    wait_for "the choice of a language" window "Select language"
+    wait_for "its focus" active_is "Select language/ Välj språk"
+    [ "$language" = Svenska ] && picture 0-language
+    choose_language "$folder" "$entry"
+    keys Return
+
+    wait_for "the main window" window "$word"
+    xdotool type --delay 20 "$search"
+    keys Return
+    wait_for "the hits" settled
+    picture "$language-1-search"
+
+    # Enter on the first hit opens its sheet.
+    keys Return
+    wait_for "the sheet" two_windows "$word"
+    picture "$language-2-sheet"
+
+    # The report goes to the clipboard and a box tells it.
+    keys ctrl+c
+    wait_for "the message" window '^Vemora$'
+    [ "$language" = English ] && picture "$language-3-copied" root
+    xclip -selection clipboard -o >"$work/report.txt" || fail "there is nothing on the clipboard"
+    grep -q $'\t' "$work/report.txt" || fail "the report holds no table"
+    keys Return
+    wait_for "the sheet again" two_windows "$word"
+
+    # Narrow it to one temperature, then by a click on a heading; Esc closes the sheet.
+    keys Tab Down
+    picture "$language-4-narrowed"
+    keys Tab Escape
+    wait_for "the sheet's end" one_window "$word"
+
+    # A double click on another hit opens its sheet as well.
+    main=$(window "$word")
+    eval "$(xdotool getwindowgeometry --shell "$main")"
+    xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2)) click --repeat 2 --delay 80 1
+    wait_for "the sheet by double click" two_windows "$word"
+    keys Tab Tab Escape
+    wait_for "its end" one_window "$word"
+
+    keys alt+F4
+    wait_for "the program's end" ended
+    wait "$program" || fail "the program ended with status $?"
+    program=
+    [ ! -e "$folder/Vemora.mdb-wal" ] || fail "the database was not closed in order"
+    [ -s "$work/$language.log" ] && fail "the program complained: $(cat "$work/$language.log")"
+    return 0
+}
+settled() { sleep 0.3; }
+main=
+ended() { ! kill -0 "$program"; }
+two_windows() { [ "$(xdotool search --onlyvisible --name "$1" | wc -l)" -ge 2 ] && ! window '^Vemora$'; }
+one_window() { [ "$(xdotool search --onlyvisible --name "$1" | wc -l)" -eq 1 ]; }
+# Steps down the list until the wanted language's file is the active one.
+choose_language() {
+    local i
+    for ((i = 0; i < 6; i++)); do
+        keys Down
+        sleep 0.2
+        grep -qaE "^lang *= *$2" "$1/bin/lang.ini" 2>/dev/null && return 0
+        [ "$i" -eq 2 ] && keys Home && sleep 0.2 &&
+            grep -qaE "^lang *= *$2" "$1/bin/lang.ini" 2>/dev/null && return 0
+    done
+    fail "the language $2 can't be chosen"
+}
+
+shipped=$source_folder/Vemora.mdb
+tour Svenska Svenska Vemora svavelsyra
+tour English English Vemora acetone
+echo "tour: passed"
