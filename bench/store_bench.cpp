@@ -95,7 +95,8 @@ void BareSheet(benchmark::State& state) {
     std::string sql;
     for (const std::string table : {"Metal", "Plast", "Tight", "Misc"}) {
         sql += (sql.empty() ? "" : " UNION ALL ") +
-               ("SELECT c.ConcentrationEN AS Conc, t.Temp AS Temp, r.TheValue, m.NameEN, m.DescriptionEN || ' ' FROM rel" +
+               ("SELECT c.ConcentrationEN AS Conc, t.Temp AS Temp, r.TheValue, m.NameEN, m.DescriptionEN || "
+                "' ' FROM rel" +
                 table + " r JOIN " + table + " m ON m.ID = r." + table +
                 "ID JOIN Conc c ON c.ID = r.ConcID JOIN Temp t ON t.ID = r.TempID WHERE r.ChemID = " +
                 std::to_string(bench::kBigChemical) + " AND m.Med = -1 AND t.Med = -1");

@@ -29,9 +29,9 @@ constexpr const char* kPassword = "mora27";
 
 // Words as a chemist's list has them, Swedish letters included.
 std::string Word(std::mt19937& random) {
-    static const std::vector<std::string> parts = {"metyl", "etyl",  "klor",  "syra",  "natrium", "kalium", "sulfat",
-                                                   "nitrat", "fenol", "olja",  "lösn",  "väte",    "amin",   "bensen",
-                                                   "aceton", "ester", "fosf",  "brom",  "järn",    "zink"};
+    static const std::vector<std::string> parts = {
+        "metyl", "etyl", "klor", "syra",   "natrium", "kalium", "sulfat", "nitrat", "fenol", "olja",
+        "lösn",  "väte", "amin", "bensen", "aceton",  "ester",  "fosf",   "brom",   "järn",  "zink"};
     std::string word;
     for (int i = 0; i < 2; ++i) {
         word += parts[random() % parts.size()];
@@ -53,8 +53,9 @@ void FillChemicals(Store& store, std::mt19937& random) {
         "INSERT INTO Chemical (ID, Formula, FormulaRTF, NameSE, NameEN, NameGE, NickNameSE, NickNameEN, "
         "NickNameGE, NoteSE, NoteEN, NoteGE, Egen, Med) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,0,-1)");
     for (int id = 1; id <= kChemicals; ++id) {
-        std::vector<std::string> texts = {"C" + std::to_string(id % 40 + 1) + "H" + std::to_string(id % 77 + 2) + "O2",
-                                          "{\\rtf1 C{\\sub 2}H{\\sub 6}}"};
+        std::vector<std::string> texts = {
+            "C" + std::to_string(id % 40 + 1) + "H" + std::to_string(id % 77 + 2) + "O2",
+            "{\\rtf1 C{\\sub 2}H{\\sub 6}}"};
         for (int i = 0; i < 3; ++i) {
             texts.push_back(Sentence(random, 2) + " " + std::to_string(id));
         }
@@ -79,7 +80,8 @@ void FillChemicals(Store& store, std::mt19937& random) {
 void FillReferences(Store& store) {
     for (int i = 1; i <= 10; ++i) {
         const std::string n = std::to_string(i);
-        store.Execute("INSERT INTO Conc VALUES (" + n + ", '" + n + "0 %', '" + n + "0 %', '" + n + "0 %', 0, -1)");
+        store.Execute("INSERT INTO Conc VALUES (" + n + ", '" + n + "0 %', '" + n + "0 %', '" + n +
+                      "0 %', 0, -1)");
         store.Execute("INSERT INTO Temp VALUES (" + n + ", '" + n + "0ºC', 0, -1)");
     }
     for (const char* table : {"Metal", "Plast", "Tight", "Misc"}) {
@@ -87,7 +89,8 @@ void FillReferences(Store& store) {
             const std::string n = std::to_string(i);
             store.Execute(std::string("INSERT INTO ") + table +
                           " (ID, Name, Description, NameEN, DescriptionEN, Egen, Med) VALUES (" + n +
-                          ", 'Material " + n + "', 'Beskrivning', 'Material " + n + "', 'Description', 0, -1)");
+                          ", 'Material " + n + "', 'Beskrivning', 'Material " + n +
+                          "', 'Description', 0, -1)");
         }
     }
 }
@@ -96,8 +99,9 @@ void FillVerdicts(Store& store) {
     // 2,000 for the big one, 500 a class; the rest evenly.
     int left = kVerdicts;
     for (const char* table : {"Metal", "Plast", "Tight", "Misc"}) {
-        Statement insert = store.Prepare(std::string("INSERT INTO rel") + table + " (ChemID, ConcID, TempID, " + table +
-                                         "ID, TheValue, Egen) VALUES (?,?,?,?,?,0)");
+        Statement insert =
+            store.Prepare(std::string("INSERT INTO rel") + table + " (ChemID, ConcID, TempID, " + table +
+                          "ID, TheValue, Egen) VALUES (?,?,?,?,?,0)");
         const auto add = [&](int chemical, int conc, int temp, int material) {
             static const char* values[] = {"+", "-", "0"};
             insert.Bind(0, std::int64_t{chemical});
@@ -132,10 +136,11 @@ fs::path ProgramFolder(const fs::path& where) {
     fs::create_directories(folder / "bin");
     {
         std::ofstream language(folder / "bin" / "lang.ini", std::ios::binary);
-        language << "[System]\r\nlang=English\r\nR0015=Concentration\r\nR0016=Temperature\r\nR0017=Verdict\r\n"
-                    "R0018=Name\r\nR0019=Description\r\nR0031=Formula\r\nR0034=Chemical\r\nR0070=Metal\r\n"
-                    "R0086=Plastic\r\nR0110=Seal\r\nR0073=Other\r\nR0054=Hits:\r\nR0055=Searching\r\n"
-                    "R0021=rows\r\nR0040=All\r\nR0334=All\r\n";
+        language
+            << "[System]\r\nlang=English\r\nR0015=Concentration\r\nR0016=Temperature\r\nR0017=Verdict\r\n"
+               "R0018=Name\r\nR0019=Description\r\nR0031=Formula\r\nR0034=Chemical\r\nR0070=Metal\r\n"
+               "R0086=Plastic\r\nR0110=Seal\r\nR0073=Other\r\nR0054=Hits:\r\nR0055=Searching\r\n"
+               "R0021=rows\r\nR0040=All\r\nR0334=All\r\n";
     }
     if (fs::exists(file)) {
         return folder;
@@ -157,11 +162,14 @@ fs::path ProgramFolder(const fs::path& where) {
     return folder;
 }
 
-void BareStore::Closer::operator()(sqlite3* db) const { sqlite3_close(db); }
+void BareStore::Closer::operator()(sqlite3* db) const {
+    sqlite3_close(db);
+}
 
 BareStore::BareStore(const fs::path& file) {
     sqlite3* db = nullptr;
-    const int code = sqlite3_open_v2(platform::Utf8FromPath(file).c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+    const int code =
+        sqlite3_open_v2(platform::Utf8FromPath(file).c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
     db_.reset(db);
     if (code != SQLITE_OK || sqlite3_key(db, kPassword, 6) != SQLITE_OK) {
         throw std::runtime_error("the bare store doesn't open");

@@ -32,6 +32,11 @@ QEvent::Type ActivateEvent() {
     return static_cast<QEvent::Type>(type);
 }
 
+QEvent::Type RescaleEvent() {
+    static const int type = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(type);
+}
+
 Qt::WindowFlags FlagsOf(const platform::FormDesign& design) {
     Qt::WindowFlags flags =
         Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
@@ -265,16 +270,20 @@ void FormWindow::Rescale() {
     MarkAll();
     Flush();
     if (presented_) {
-        if (!isMaximized() && !isFullScreen()) {
-            SizeForDesign(this);
+        {
+            // Least size, size and menu bar change one by one: only what comes out is a resize.
+            const QScopedValueRollback<bool> guard(sizing_, true);
+            if (!isMaximized() && !isFullScreen()) {
+                SizeForDesign(this);
+            }
+            layout()->activate();
         }
-        layout()->activate();
         ReportSize();
     }
 }
 
 void FormWindow::ReportSize() {
-    if (!presented_ || !live_) {
+    if (!presented_ || !live_ || sizing_) {
         return;
     }
     const int state = isMinimized()                     ? platform::vbMinimized
@@ -341,12 +350,16 @@ bool FormWindow::event(QEvent* event) {
         DeliverActivate();
         return true;
     }
+    if (event->type() == RescaleEvent()) {
+        Rescale();
+        return true;
+    }
     if (event->type() == QEvent::WindowActivate && live_) {
         activated_();
     } else if (event->type() == QEvent::ApplicationFontChange) {
-        Rescale();
-    } else if (event->type() == QEvent::ApplicationPaletteChange) {
-        MarkAll();
+        // Once all widgets have the new font.
+        QCoreApplication::postEvent(this, std::make_unique<QEvent>(RescaleEvent()).release(),
+                                    Qt::HighEventPriority);
     }
     return QWidget::event(event);
 }
@@ -383,6 +396,8 @@ void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange) {
         ReportSize();
+    } else if (event->type() == QEvent::PaletteChange) {
+        MarkAll();
     }
 }
 

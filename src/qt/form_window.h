@@ -102,6 +102,7 @@ class FormWindow final : public QWidget, public platform::FormView {
     bool live_ = true;
     bool presented_ = false;
     bool activateDue_ = false;
+    bool sizing_ = false;
     int reportedState_ = platform::vbNormal;
     // The key that the form has seen already, should it come up from a control.
     const QKeyEvent* seenKey_ = nullptr;

@@ -18,6 +18,7 @@ ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
       model_(Child<ListModel>(list, widget_)),
       header_(Child<ListHeader>(list, widget_)) {
     widget_->setHeader(header_);
+    header_->setSectionsClickable(true);  // a list that doesn't sort by itself switches it off
     widget_->setModel(model_);
     QObject::connect(widget_, &ListWidget::Chosen, Context(), [this](int row) {
         Window().Input([&] { list_.InputSelect(row); });

@@ -19,7 +19,6 @@ constexpr int kGap = 4;  // px, between the text and the sort picture
 
 ListHeader::ListHeader(const platform::ListView& list, QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent), list_(&list) {
-    setSectionsClickable(true);
     setSectionsMovable(false);
     setHighlightSections(false);
     setStretchLastSection(false);
@@ -39,8 +38,15 @@ int ListHeader::SortPictureSize() const {
 }
 
 int ListHeader::NeededWidth(int section) const {
+    // The base class would measure in bold, which nothing here is drawn in.
+    QStyleOptionHeaderV2 option;
+    initStyleOption(&option);
+    initStyleOptionForIndex(&option, section);
+    const int icon =
+        option.icon.isNull() ? 0 : style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + kGap;
     const int sort = SortPicture(section).isEmpty() ? 0 : kGap + SortPictureSize();
-    return sectionSizeFromContents(section).width() + sort;
+    return 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this) + icon +
+           fontMetrics().horizontalAdvance(model()->headerData(section, Qt::Horizontal).toString()) + sort;
 }
 
 void ListHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {

@@ -50,10 +50,11 @@ INSERT INTO Misc(ID, Name, Description, NameEN, DescriptionEN, Egen, Med) VALUES
   (1, 'Glas', 'Silikat', 'Glass', 'Silicate', 0, -1), (2, 'Trä', 'Furu', 'Wood', 'Pine', 0, 0);
 INSERT INTO relMetal(ChemID, ConcID, TempID, MetalID, TheValue, Egen) VALUES
   (1, 1, 1, 1, '-', 0), (1, 1, 4, 1, '0', 0), (1, 3, 1, 1, ' ', 0), (1, 2, 1, 1, '+', 0),
-  (1, 1, 2, 1, '+', 0), (1, 1, 1, 2, '+', 0), (1, 1, 1, 3, '+', -1), (1, 1, 1, 99, '+', 0),
+  (1, 1, 2, 1, '+', 0), (1, 1, 1, 2, '+', 0), (1, 1, 1, 3, '+', 0), (1, 1, 1, 99, '+', 0),
   (2, 2, 1, 1, '+', 0);
 INSERT INTO relPlast(ChemID, ConcID, TempID, PlastID, TheValue, Egen) VALUES
-  (1, -1, 1, 1, '+', 0), (1, 4, 1, 1, '-', 0), (1, 1, 3, 2, '0', -1), (1, 1, 1, 1, ' ', 0);
+  (1, -1, 1, 1, '+', 0), (1, 4, 1, 1, '-', 0), (1, 1, 3, 2, '0', -1), (1, 1, 1, 1, ' ', 0),
+  (1, 1, 1, 2, ' ', 0);
 INSERT INTO relTight(ChemID, ConcID, TempID, TightID, TheValue, Egen) VALUES
   (1, 1, 1, 1, '+', 0), (1, 3, 1, 2, '-', 0), (1, 1, 2, 1, '0', 0), (1, 1, 4, 2, ' ', 0);
 INSERT INTO relMisc(ChemID, ConcID, TempID, MiscID, TheValue, Egen) VALUES

@@ -69,4 +69,14 @@ Strings Entries(const platform::ComboBox& list) {
     return entries;
 }
 
+void Choose(platform::ComboBox& list, std::string_view beginning) {
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (list.List(i).starts_with(beginning)) {
+            list.InputIndex(i);
+            return;
+        }
+    }
+    ADD_FAILURE() << list.FullName() << " has no entry " << beginning;
+}
+
 }  // namespace test

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/program.h"
@@ -59,6 +60,8 @@ Strings Keys(const platform::ListView& list);
 Strings Headings(const platform::ListView& list);
 /// The entries of a drop-down list, each with its item data: "10 %=1".
 Strings Entries(const platform::ComboBox& list);
+/// The user chooses the entry that begins so.
+void Choose(platform::ComboBox& list, std::string_view beginning);
 
 /// A key that types a character: Enter or Esc.
 inline void Press(platform::Form& form, int key) {

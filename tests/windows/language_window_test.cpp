@@ -41,13 +41,6 @@ class LanguageWindow : public testing::Test {
         std::sort(entries.begin(), entries.end());
         return entries;
     }
-    static void Choose(frmLang& shown, const std::string& entry) {
-        for (int i = 0; i < shown.cboLang.ListCount(); ++i) {
-            if (shown.cboLang.List(i) == entry) {
-                shown.cboLang.InputIndex(i);
-            }
-        }
-    }
     std::string Active() const { return test::ReadAll(folder.Bin("lang.ini")); }
 
     test::ProgramFolder folder{"English"};
@@ -60,6 +53,7 @@ TEST_F(LanguageWindow, ListsTheLanguagesAndSelectsTheOneInForce) {
     Language("LangNone.ini", "");
     Language("Other.ini", "Other");
     std::filesystem::create_directory(folder.Bin("LangFolder.ini"));
+    Language("lang.ini", "English");
     const std::string before = Active();
     Show([&](frmLang& shown) {
         EXPECT_EQ(Entries(shown),
@@ -67,10 +61,10 @@ TEST_F(LanguageWindow, ListsTheLanguagesAndSelectsTheOneInForce) {
                            Entry("Suomi", "LANGUAGE.INI"), Entry("Svenska", "LangSvenska.ini")}));
         EXPECT_EQ(shown.cboLang.Text(), Entry("English", "LangEnglish.ini"));
         EXPECT_EQ(shown.Caption, "Select language/ Välj språk");
-        // The selection was the program's and copied nothing; the user's copies, even of the same entry.
-        std::filesystem::remove(folder.Bin("lang.ini"));
-        Choose(shown, Entry("English", "LangEnglish.ini"));
+        // This selection was the program's and copied nothing; the user's does, of the same entry too.
         EXPECT_EQ(Active(), before);
+        test::Choose(shown.cboLang, "English");
+        EXPECT_EQ(Active(), test::ReadAll(folder.Bin("LangEnglish.ini")));
         shown.cmdOk.InputClick();
         EXPECT_FALSE(shown.IsLoaded());
     });
@@ -82,7 +76,7 @@ TEST_F(LanguageWindow, TwoFilesOfOneLanguageAreTwoEntries) {
     folder.WriteLanguage("LangB.ini", "[System]\nlang=Zwei\nR0001=B\n");
     Show([&](frmLang& shown) {
         for (const std::string file : {"LangA.ini", "LangB.ini"}) {
-            Choose(shown, Entry("Zwei", file));
+            test::Choose(shown.cboLang, Entry("Zwei", file));
             EXPECT_EQ(Active(), test::ReadAll(folder.Bin(file)));
         }
     });
@@ -94,6 +88,9 @@ TEST_F(LanguageWindow, OkNeedsAChoice) {
         test::Press(shown, platform::key::Return);  // the default button
         EXPECT_TRUE(shown.IsLoaded());
         EXPECT_EQ(desktop.Logged("focus"), Strings{"focus cboLang"});
+        shown.cboLang.InputIndex(0);
+        shown.cmdOk.InputClick();
+        EXPECT_FALSE(shown.IsLoaded());
     });
 }
 
@@ -112,7 +109,7 @@ TEST_F(LanguageWindow, ThereIsOneActiveFileHoweverItsNameIsWritten) {
     std::filesystem::rename(folder.Bin("lang.ini"), folder.Bin("LANG.ini"));
     Show([&](frmLang& shown) {
         EXPECT_EQ(shown.cboLang.Text(), Entry("English", "LangEnglish.ini"));
-        Choose(shown, Entry("Svenska", "LangSvenska.ini"));
+        test::Choose(shown.cboLang, Entry("Svenska", "LangSvenska.ini"));
     });
     EXPECT_EQ(folder.BinFiles(),
               (Strings{"LangDeutsch.ini", "LangEnglish.ini", "LangSvenska.ini", "lang.ini"}));
@@ -122,7 +119,7 @@ TEST_F(LanguageWindow, ThereIsOneActiveFileHoweverItsNameIsWritten) {
 TEST_F(LanguageWindow, ACopyThatFailsEndsTheProgram) {
     // Of a file name with a blank only what stands behind the last one is taken for it.
     Language("Lang my own.ini", "Mine");
-    Show([&](frmLang& shown) { Choose(shown, Entry("Mine", "Lang my own.ini")); });
+    Show([&](frmLang& shown) { test::Choose(shown.cboLang, Entry("Mine", "Lang my own.ini")); });
     EXPECT_EQ(desktop.TakeBoxes(), Strings{"[16 -] 53 (…)"});
     EXPECT_TRUE(desktop.Ended());
     EXPECT_EQ(desktop.Logged("quit").size(), 1U);

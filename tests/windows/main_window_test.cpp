@@ -28,7 +28,7 @@ TEST(MainWindow, ClosingItByWhateverWayEndsTheProgram) {
         Session run;
         run.Start();
         run.Search("syra");
-        run.OpenSheet(1, [](frmChemical&) {});
+        run.Sheet().Load();
         test::Press(run.Main(), platform::key::Escape);  // does nothing in normal use
         EXPECT_TRUE(run.Main().IsLoaded());
         close(run);

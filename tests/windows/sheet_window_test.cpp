@@ -53,10 +53,13 @@ TEST(SheetWindow, ShowsTheTextsOfTheLanguageChosenInIt) {
     }
     Session run;
     run.Start();
-    run.OpenSheet(3, [](frmChemical& sheet) {
+    run.OpenSheet(3, [&](frmChemical& sheet) {
         EXPECT_EQ(Shown(sheet), "ångolja//Över 50_% [fast] *");
+        run.Change("UPDATE Chemical SET NoteSE = 'new' WHERE ID = 3");
         sheet.opt1Språk(1).InputClick();
         EXPECT_EQ(Shown(sheet), "//");
+        sheet.opt1Språk(2).InputClick();  // the row has been read anew
+        EXPECT_EQ(Shown(sheet), "ångolja//new");
     });
 }
 
@@ -140,7 +143,7 @@ TEST(SheetWindow, SortsByTheHeadingClicked) {
             }
             return arrows + " " + list.Item(0).Text + "/" + list.Item(0).SubItems(3);
         };
-        sheet.cboConc.InputIndex(0);
+        const Strings opened = test::Rows(list);
         EXPECT_EQ(state(), "0---- /PVC");
         list.InputColumnClick(0);  // just refreshed, the first click on it turns it round
         EXPECT_EQ(state(), "1---- koncentrerad/Glas");
@@ -152,8 +155,9 @@ TEST(SheetWindow, SortsByTheHeadingClicked) {
         EXPECT_EQ(list.SortKey, 2);
         EXPECT_EQ(state().substr(0, 5), "-----");
         list.InputColumnClick(1);
-        sheet.chkVärde(3).InputClick();  // every refresh is back in its own order
+        sheet.cboConc.InputIndex(0);  // every refresh is back in its own order
         EXPECT_EQ(state(), "0---- /PVC");
+        EXPECT_EQ(test::Rows(list), opened);
     });
 }
 
@@ -236,12 +240,20 @@ TEST(SheetWindow, EachOpeningBeginsAsDesigned) {
     });
 }
 
+std::string Lines(const Strings& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + "\r\n";
+    }
+    return text;
+}
+
 TEST(SheetWindow, CopiesWhatItShowsAsText) {
     Session run;
     run.Start();
     run.Change("UPDATE Chemical SET Egen = -1 WHERE ID = 1");
     const std::string copied = "[64 " + run.Core.gFelTitel + "] " + run.T("R0033");
-    const std::string headings = "Urval: \r\nKoncentration\tTemperatur\tVärde\tNamn\tBeskrivning\t\r\n";
+    const std::string headings = "Koncentration\tTemperatur\tVärde\tNamn\tBeskrivning\t";
     run.OpenSheet(1, [&](frmChemical& sheet) {
         sheet.opt1Språk(0).InputClick();
         sheet.chkMaterial(0).InputClick();
@@ -249,25 +261,25 @@ TEST(SheetWindow, CopiesWhatItShowsAsText) {
         sheet.chkVärde(3).InputClick();
         sheet.lvwMaterial.InputColumnClick(0);  // the concentrated ones first
         EXPECT_TRUE(sheet.InputKey('C', 2));
-        const std::string plastic = " " + run.T("R0086"), seal = " " + run.T("R0110");
+        const std::string plastic = " " + run.T("R0086") + "\t", seal = " " + run.T("R0110") + "\t";
         EXPECT_EQ(run.Desktop.Clipboard,
-                  "Formel: HCl " + run.T("R0153") +
-                      "\r\nKemikalie: Hydrochloric acid\r\nHandelsnamn: Muriatic acid\r\n"
-                      "Kommentar: Fumes in air\r\nKoncentration: " +
-                      run.T("R0334") + "\r\nTemperatur: Alla\r\n\r\n" + headings +
-                      "koncentrerad\t20ºC\t-\tNBR\tNitril" + seal + "\t\r\n50 %\t20ºC\t-\tPVC\tHård" +
-                      plastic + "\t\r\n10 %\t 5º\t0\tPE\tEten" + plastic +
-                      " (egen)\t\r\n10 %\t100ºC\t\tNBR\tNitril" + seal + "\t\r\n10 %\t20ºC\t\tPVC\tHård" +
-                      plastic + "\t\r\n10 %\t20ºC\t+\tEPDM\tGummi" + seal + "\t\r\n\t20ºC\t+\tPVC\tHård" +
-                      plastic + "\t\r\n");
+                  Lines({"Formel: HCl " + run.T("R0153"), "Kemikalie: Hydrochloric acid",
+                         "Handelsnamn: Muriatic acid", "Kommentar: Fumes in air",
+                         "Koncentration: " + run.T("R0334"), "Temperatur: Alla", "", "Urval: ", headings,
+                         "koncentrerad\t20ºC\t-\tNBR\tNitril" + seal, "50 %\t20ºC\t-\tPVC\tHård" + plastic,
+                         "10 %\t 5º\t0\tPE\tEten " + run.T("R0086") + " (egen)\t",
+                         "10 %\t100ºC\t\tNBR\tNitril" + seal, "10 %\t20ºC\t\tPE\tEten" + plastic,
+                         "10 %\t20ºC\t\tPVC\tHård" + plastic, "10 %\t20ºC\t+\tEPDM\tGummi" + seal,
+                         "\t20ºC\t+\tPVC\tHård" + plastic}));
         EXPECT_EQ(run.Boxes(), Strings{copied});
         EXPECT_EQ(run.Desktop.Logged("clipboard"), (Strings{"clipboard cleared", "clipboard set"}));
     });
-    run.OpenSheet(4, [&](frmChemical& sheet) {
+    run.OpenSheet(3, [&](frmChemical& sheet) {
         sheet.mnuClip.InputClick();
         EXPECT_EQ(run.Desktop.Clipboard,
-                  "Formel: \r\nKemikalie: Bensin\r\nHandelsnamn: Soppa\r\nKommentar: åÅ\r\nKoncentration: " +
-                      run.T("R0333") + "\r\nTemperatur: Alla\r\n\r\n" + headings);
+                  Lines({"Formel: C10–C13 " + run.T("R0153"), "Kemikalie: ångolja",
+                         "Handelsnamn: ", "Kommentar: Över 50_% [fast] *", "Koncentration: " + run.T("R0333"),
+                         "Temperatur: Alla", "", "Urval: ", headings}));
         EXPECT_EQ(run.Boxes(), Strings{copied});
     });
 }
