@@ -15,6 +15,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <vector>
 
 #include "app/program.h"
@@ -28,9 +29,14 @@ namespace {
 // Ends the process at the first picture of a window on the screen.
 class FirstPaint : public QObject {
   public:
+    std::function<void()> Before = [] {};
+
     bool eventFilter(QObject* object, QEvent* event) override {
         if (event->type() == QEvent::Paint && object->isWidgetType()) {
-            QTimer::singleShot(0, [] { std::_Exit(0); });
+            QTimer::singleShot(0, [this] {
+                Before();
+                std::_Exit(0);
+            });
         }
         return false;
     }
@@ -52,6 +58,8 @@ int StartVemora(int argc, char** argv) {
     application.installEventFilter(&paint);
     qt::QtDesktop desktop([] { return std::string("English"); });
     vemora::Program program(desktop, argv[2]);
+    // Left open, the database would have a journal for the next start to prove first.
+    paint.Before = [&program] { program.Main.gCn->Close(); };
     desktop.Event([&program] { program.Main.Main(); });
     return desktop.Run();
 }

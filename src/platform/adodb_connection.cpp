@@ -7,6 +7,7 @@
 #include <array>
 
 #include "platform/adodb_impl.h"
+#include "platform/files.h"
 #include "platform/lexer.h"
 
 namespace platform::adodb {
@@ -68,8 +69,8 @@ std::filesystem::path FileOf(const std::string& connectionString) {
     if (!given)
         throw Error(errors::StoreFailed, "Opening the database failed: the connection string names no file.",
                     kSource);
-    const auto file = text.substr(kKey.size());
-    return std::u8string(file.begin(), file.end());
+    const auto file = PathFromUtf8(text.substr(kKey.size()));
+    return FindFile(file.parent_path(), Utf8FromPath(file.filename())).value_or(file);
 }
 
 }  // namespace

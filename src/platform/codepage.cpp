@@ -53,10 +53,12 @@ std::string FromWindows1252(std::string_view bytes) {
 }
 
 std::string ToWindows1252(std::string_view utf8) {
-    const auto text = icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
+    const auto text =
+        icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
     UErrorCode status = U_ZERO_ERROR;
     std::string result(static_cast<std::size_t>(text.length()), '\0');
-    const int32_t length = text.extract(result.data(), static_cast<int32_t>(result.size()), &TheConverter(), status);
+    const int32_t length =
+        text.extract(result.data(), static_cast<int32_t>(result.size()), &TheConverter(), status);
     result.resize(static_cast<std::size_t>(length));
     return result;
 }

@@ -3,6 +3,9 @@
 
 #include "platform/desktop.h"
 
+#include <exception>
+#include <new>
+
 #include "platform/error.h"
 
 namespace platform {
@@ -17,6 +20,15 @@ void Desktop::Event(const std::function<void()>& handler) {
         // Whatever was running when the program ended has been left; there is nothing more to do.
     } catch (const Error& error) {
         MsgBox(std::to_string(error.Number) + " (" + error.Description + ")", msg::Critical);
+        End();
+    } catch (const std::bad_alloc&) {
+        MsgBox(std::to_string(errors::OutOfMemory) + " (There is not enough memory to go on.)",
+               msg::Critical);
+        End();
+    } catch (const std::exception& error) {
+        MsgBox(std::to_string(errors::Internal) +
+                   " (Something failed that was not foreseen: " + error.what() + ")",
+               msg::Critical);
         End();
     }
 }

@@ -164,6 +164,20 @@ std::optional<fs::path> FindFile(const fs::path& folder, std::string_view relati
     return found.empty() ? std::nullopt : std::optional(found.front());
 }
 
+fs::path FindFolder(const fs::path& folder, std::string_view name) {
+    const fs::path exact = folder / PathFromUtf8(name);
+    fs::path found = exact;
+    std::error_code code;
+    if (!fs::is_directory(exact, code)) {
+        ForEachEntry(folder, [&](const fs::directory_entry& entry) {
+            if (entry.is_directory(code) && EqualIgnoringCase(Utf8FromPath(entry.path().filename()), name)) {
+                found = entry.path();
+            }
+        });
+    }
+    return found;
+}
+
 void Kill(const fs::path& folder, std::string_view relative) {
     std::vector<fs::path> found;
     FindSpellings(folder, relative, found, false);

@@ -27,6 +27,10 @@ std::vector<std::string> Dir(const std::filesystem::path& folder, std::string_vi
 /// ("bin\lang.ini"). An exact match goes before one that differs in case.
 std::optional<std::filesystem::path> FindFile(const std::filesystem::path& folder, std::string_view relative);
 
+/// The folder of this name in another, without regard to case as in FindFile; the name as given when there is
+/// none.
+std::filesystem::path FindFolder(const std::filesystem::path& folder, std::string_view name);
+
 /// Deletes the file at a place as in FindFile, in every spelling of its name. Errors 53, 70, 75.
 void Kill(const std::filesystem::path& folder, std::string_view relative);
 

@@ -10,11 +10,13 @@
 namespace platform {
 
 // No text column has an index: the order of an index would depend on the version of the collation that
-// wrote it, and a later version would then miss rows. TheValue compares exactly (a blank is a verdict).
+// wrote it, and a later version would then miss rows. An ID is never given twice, since the verdicts of a
+// deleted row stay behind and would turn up under the next one. TheValue compares exactly (a blank is a
+// verdict).
 std::string_view SchemaSql() {
     return R"sql(
 CREATE TABLE Chemical(
-  ID INTEGER PRIMARY KEY,
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
   Formula TEXT COLLATE NOCASE,
   FormulaRTF TEXT,
   NameSE TEXT COLLATE NOCASE,
@@ -29,19 +31,19 @@ CREATE TABLE Chemical(
   Egen INTEGER NOT NULL DEFAULT 0,
   Med INTEGER NOT NULL DEFAULT -1);
 CREATE TABLE Conc(
-  ID INTEGER PRIMARY KEY,
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
   ConcentrationSE TEXT COLLATE NOCASE,
   ConcentrationEN TEXT COLLATE NOCASE,
   ConcentrationDE TEXT COLLATE NOCASE,
   Egen INTEGER NOT NULL DEFAULT 0,
   Med INTEGER NOT NULL DEFAULT -1);
 CREATE TABLE [Temp](
-  ID INTEGER PRIMARY KEY,
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
   [Temp] TEXT COLLATE NOCASE,
   Egen INTEGER NOT NULL DEFAULT 0,
   Med INTEGER NOT NULL DEFAULT -1);
 CREATE TABLE Metal(
-  ID INTEGER PRIMARY KEY,
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
   Name TEXT COLLATE NOCASE,
   Description TEXT COLLATE NOCASE,
   NameEN TEXT COLLATE NOCASE,
@@ -49,7 +51,7 @@ CREATE TABLE Metal(
   Egen INTEGER NOT NULL DEFAULT 0,
   Med INTEGER NOT NULL DEFAULT -1);
 CREATE TABLE Plast(
-  ID INTEGER PRIMARY KEY,
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
   Name TEXT COLLATE NOCASE,
   Description TEXT COLLATE NOCASE,
   NameEN TEXT COLLATE NOCASE,
@@ -57,7 +59,7 @@ CREATE TABLE Plast(
   Egen INTEGER NOT NULL DEFAULT 0,
   Med INTEGER NOT NULL DEFAULT -1);
 CREATE TABLE Tight(
-  ID INTEGER PRIMARY KEY,
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
   Name TEXT COLLATE NOCASE,
   Description TEXT COLLATE NOCASE,
   NameEN TEXT COLLATE NOCASE,
@@ -67,7 +69,7 @@ CREATE TABLE Tight(
   NameDE TEXT COLLATE NOCASE,
   DescriptionDE TEXT COLLATE NOCASE);
 CREATE TABLE Misc(
-  ID INTEGER PRIMARY KEY,
+  ID INTEGER PRIMARY KEY AUTOINCREMENT,
   Name TEXT COLLATE NOCASE,
   Description TEXT COLLATE NOCASE,
   NameEN TEXT COLLATE NOCASE,

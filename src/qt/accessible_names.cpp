@@ -51,7 +51,7 @@ const platform::Label* NearestLabel(const platform::Control& control) {
 
 QString AccessibleName(const platform::Control& control) {
     const auto read = [](const std::string& text) { return WithoutMnemonic(QString::fromStdString(text)); };
-    if (const QString caption = read(control.CaptionText()); !caption.isEmpty()) {
+    if (QString caption = read(control.CaptionText()); !caption.isEmpty()) {
         return caption;
     }
     QString name;

@@ -129,7 +129,9 @@ FormWindow* QtDesktop::WindowOf(const platform::Form& form) const {
 }
 
 FormWindow* QtDesktop::Front() const {
-    return windows_.empty() ? nullptr : windows_.back().get();
+    const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
+                                    [](const WindowPtr& window) { return window->isVisible(); });
+    return found == windows_.rend() ? nullptr : found->get();
 }
 
 void QtDesktop::Show(platform::Form& form, bool modal, platform::Form* owner) {

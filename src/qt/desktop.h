@@ -58,7 +58,7 @@ class QtDesktop final : public platform::Desktop {
     };
 
     FormWindow* WindowOf(const platform::Form& form) const;
-    /// The window that lies above the others, null when there is none.
+    /// The visible window that was shown last, null when there is none.
     FormWindow* Front() const;
     void Activated(const platform::Form& form);
     void RunModal(platform::Form& form);

@@ -15,14 +15,9 @@ class Style final : public QProxyStyle {
   public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override {
-        switch (hint) {
-            case SH_ComboBox_Popup:
-                return 0;  // a list of many entries needs a scroll bar
-            case SH_DialogButtonBox_ButtonsHaveIcons:
-                return 0;
-            default:
-                return QProxyStyle::styleHint(hint, option, widget, data);
-        }
+        // A list of many entries needs a scroll bar, and buttons that say what they do need no picture.
+        const bool off = hint == SH_ComboBox_Popup || hint == SH_DialogButtonBox_ButtonsHaveIcons;
+        return off ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
     }
 
     // Small pictures and ticks grow with the text beside them.

@@ -21,7 +21,7 @@ QString WithoutMnemonic(const QString& caption) {
 
 QString ToolTip(const std::string& text) {
     constexpr int kOneLine = 60;
-    const QString plain = Clean(QString::fromStdString(text), true);
+    QString plain = Clean(QString::fromStdString(text), true);
     if (plain.size() <= kOneLine && !Qt::mightBeRichText(plain)) {
         return plain;
     }

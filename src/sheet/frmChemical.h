@@ -156,7 +156,7 @@ class frmChemical final : public Window {
                                                            .Top = 1185,
                                                            .Width = 2820,
                                                            .Height = 285,
-                                                           .Caption = "(blank)",
+                                                           .Caption = "( )",
                                                            .Tag = "R0115;R0139",
                                                            .Container = &fraVärden}}}};
     platform::Frame fraSpråk{

@@ -13,7 +13,7 @@ namespace vemora {
 
 LanguageFiles FindLanguageFiles(const std::filesystem::path& folder) {
     LanguageFiles found;
-    const auto bin = folder / "bin";
+    const auto bin = platform::FindFolder(folder, "bin");
     for (const std::string& name : platform::Dir(bin, "Lang*.ini")) {
         const std::string language =
             platform::ReadKey("System", "lang", buffer::Language, bin / platform::PathFromUtf8(name));
@@ -37,7 +37,8 @@ void ActivateLanguage(const std::filesystem::path& folder, const std::string& en
     } catch (const platform::Error&) {
         // It may not exist; whether the copy can take its place shows in the next step.
     }
-    platform::FileCopy(folder / "bin" / platform::PathFromUtf8(name), folder / "bin" / "lang.ini");
+    const auto bin = platform::FindFolder(folder, "bin");
+    platform::FileCopy(bin / platform::PathFromUtf8(name), bin / "lang.ini");
 }
 
 }  // namespace vemora

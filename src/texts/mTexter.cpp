@@ -114,8 +114,9 @@ bool mTexter::SetTextOfForm(platform::Form& frm) {
             frm.Caption = TextTillAndra(frm.Tag);
         }
         for (platform::Control* ctl : frm.Controls()) {
-            if (!ctl->Tag->empty()) {
-                TextTillControl(*ctl, ctl->Tag, true);
+            // The first failure, which has been told, leaves the rest as designed.
+            if (!ctl->Tag->empty() && !TextTillControl(*ctl, ctl->Tag, true)) {
+                return false;
             }
         }
         return true;

@@ -284,6 +284,25 @@ TEST_F(Adodb, LeavesNoCurrentRowAfterDelete) {
     EXPECT_TRUE(rs.Eof() && rs.Bof());
 }
 
+TEST_F(Adodb, NeverGivesAnIdTwice) {
+    // The verdicts of a deleted material stay behind: they must not turn up under the next one.
+    for (const int wanted : {4, 5}) {
+        Recordset rs = Open("SELECT * FROM Metal");
+        rs.AddNew();
+        rs["Name"] = "egen";
+        rs.Update();
+        EXPECT_EQ(rs["ID"].Long(), wanted);
+        rs.Delete();
+    }
+}
+
+TEST_F(Adodb, FindsItsFileInAnyCase) {
+    connection.Close();
+    std::filesystem::rename(database.File(), database.Folder() / "VEMORA.MDB");
+    database.Open(connection);
+    EXPECT_EQ(Ask("SELECT Formula FROM Chemical WHERE ID = 345"), "HCl");
+}
+
 TEST_F(Adodb, TellsItsObserversOnce) {
     Recordset rs;
     int told = 0;

@@ -13,6 +13,9 @@ namespace {
 struct Case {
     const char* Language;
     const char *Yes, *No;
+    friend std::ostream& operator<<(std::ostream& out, const Case& c) {
+        return out << (*c.Language != 0 ? c.Language : "none");
+    }
 };
 
 class BoxTest : public testing::TestWithParam<Case> {};

@@ -11,6 +11,9 @@ int main(int argc, char** argv) {
     if (testing::GTEST_FLAG(list_tests)) {
         return RUN_ALL_TESTS();  // the build asks for the names where there may be no display
     }
+    // What the user's session sets must not reach in.
+    qputenv("QT_QPA_PLATFORMTHEME", "");
+    qputenv("LC_ALL", "C.UTF-8");
     QApplication application(argc, argv);
     // The same font everywhere: its widths decide what fits.
     QApplication::setFont(QFont("DejaVu Sans", 9));

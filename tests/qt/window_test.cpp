@@ -196,6 +196,29 @@ TEST_F(WindowTest, ChangesOfTheFormAreNoInput) {
     EXPECT_EQ(WidgetOf<QLineEdit>(Form.txtName)->text(), "x");
 }
 
+TEST_F(WindowTest, RefreshPaintsWhileTheEventStillRuns) {
+    struct Paints : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            Count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int Count = 0;
+    } paints;
+    QWidget* window = ShowActive(S.Desktop, Form);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    auto* label = WidgetOf<QLabel>(Form.lblName);
+    label->installEventFilter(&paints);
+    Form.cmdOk.Click = [&] {
+        Form.lblName.Caption = "Searching";
+        EXPECT_EQ(paints.Count, 0);
+        Form.Refresh();
+        EXPECT_EQ(label->text(), "Searching");
+        EXPECT_EQ(paints.Count, 1);
+    };
+    Key(Qt::Key_Return);
+    EXPECT_EQ(paints.Count, 1);
+}
+
 TEST_F(WindowTest, KeysReachTheFormFirstAsItKnowsThem) {
     struct Keys : Entry {
         using Entry::Entry;

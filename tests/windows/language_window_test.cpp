@@ -82,6 +82,15 @@ TEST_F(LanguageWindow, TwoFilesOfOneLanguageAreTwoEntries) {
     });
 }
 
+TEST_F(LanguageWindow, TheCaseOfTheFolderIsNotLookedAt) {
+    const auto bin = folder.Path() / "Bin";
+    std::filesystem::rename(folder.Path() / "bin", bin);
+    Show([&](frmLang& shown) {
+        test::Choose(shown.cboLang, "Svenska");
+        EXPECT_EQ(test::ReadAll(bin / "lang.ini"), test::ReadAll(bin / "LangSvenska.ini"));
+    });
+}
+
 TEST_F(LanguageWindow, OkNeedsAChoice) {
     std::filesystem::remove(folder.Bin("lang.ini"));
     Show([&](frmLang& shown) {

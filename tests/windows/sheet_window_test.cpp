@@ -54,6 +54,7 @@ TEST(SheetWindow, ShowsTheTextsOfTheLanguageChosenInIt) {
     Session run;
     run.Start();
     run.OpenSheet(3, [&](frmChemical& sheet) {
+        sheet.txtFields(2).InputText("locked");
         EXPECT_EQ(Shown(sheet), "ångolja//Över 50_% [fast] *");
         run.Change("UPDATE Chemical SET NoteSE = 'new' WHERE ID = 3");
         sheet.opt1Språk(1).InputClick();
@@ -67,10 +68,11 @@ TEST(SheetWindow, ShowsTheFormulaSetOrPlain) {
     Session run;
     run.Start();
     run.Change("UPDATE Chemical SET FormulaRTF = 'no rich text' WHERE ID = 5");
+    run.Change("UPDATE Chemical SET Egen = -1 WHERE ID = 4");
     const std::pair<int, const char*> cases[] = {
         {1, "HCl"}, {2, "H2SO4"}, {3, "C10–C13"}, {4, ""}, {5, "no rich text"}};
     for (const auto& [id, formula] : cases) {
-        run.OpenSheet(id, [&, text = formula, own = id == 3 || id == 5](frmChemical& sheet) {
+        run.OpenSheet(id, [&, text = formula, own = id >= 3](frmChemical& sheet) {
             EXPECT_EQ(sheet.oFormula1.PlainText(), text);
             EXPECT_EQ(sheet.oFormula1.Font->Name, "Arial");
             EXPECT_EQ(sheet.lblÄndrad.Visible, own);
