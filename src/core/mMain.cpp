@@ -12,7 +12,6 @@ namespace vemora {
 
 using platform::Error;
 namespace msg = platform::msg;
-namespace pointer = platform::pointer;
 
 mMain::mMain(platform::Desktop& desktop, std::filesystem::path folder)
     : Screen(desktop), Folder(std::move(folder)), Texter(desktop, Folder) {

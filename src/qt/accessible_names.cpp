@@ -62,6 +62,10 @@ QString AccessibleName(const platform::Control& control) {
     } else {
         name = QString::fromStdString(control.ToolTipText);
     }
+    // A picture without words of its own belongs to the window as a whole.
+    if (name.isEmpty() && dynamic_cast<const platform::Image*>(&control) != nullptr) {
+        name = QString::fromStdString(control.Parent().Caption);
+    }
     // A formula is drawn, so its name has to say what it is.
     if (const auto* formula = dynamic_cast<const platform::oFormula*>(&control)) {
         name = (name + ' ' + QString::fromStdString(formula->PlainText())).trimmed();

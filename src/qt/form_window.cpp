@@ -401,6 +401,17 @@ void FormWindow::changeEvent(QEvent* event) {
     }
 }
 
+// A control that lies outside waits for the window to be made larger: Tab passes it by.
+bool FormWindow::focusNextPrevChild(bool next) {
+    const QWidget* const first = focusWidget();
+    do {
+        if (!QWidget::focusNextPrevChild(next)) {
+            return false;
+        }
+    } while (focusWidget() != nullptr && focusWidget() != first && focusWidget()->visibleRegion().isEmpty());
+    return true;
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
     Input([this] { form_.InputClose(); });
     // A form that stays open keeps its window.

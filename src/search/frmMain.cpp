@@ -87,7 +87,8 @@ void frmMain::Form_Resize() {
     if (WindowState() == platform::vbMinimized) {
         return;
     }
-    if (Height() - (lvwResultat.Top + 750) > 0) {
+    // Between the two bounds there is no height to give: the list keeps its last one.
+    if (Height() - (lvwResultat.Top + 750) >= 120) {
         lvwResultat.Height = Height() - (lvwResultat.Top + 750) - 120;
     }
     if (Width() - (lvwResultat.Left + 200) > 0) {

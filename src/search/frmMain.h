@@ -25,13 +25,13 @@ class frmMain final : public Window {
         *this,
         "Label1",
         {{1, {.Left = 60, .Top = 165, .Width = 1110, .Height = 255, .Tag = "R0189"}},
-         {0, {.Left = 1200, .Top = 555, .Width = 2580, .Height = 255, .Tag = "R0188"}}}};
+         {0, {.Left = 1200, .Top = 585, .Width = 2580, .Height = 255, .Tag = "R0188"}}}};
     platform::TextBox txtChem{*this, "txtChem", {.Left = 1200, .Top = 120, .Width = 2535, .Height = 345}};
     platform::CommandButton cmdSök{
-        *this, "cmdSök", {.Left = 3840, .Top = 90, .Width = 1215, .Height = 405, .Tag = "R0180"}};
+        *this, "cmdSök", {.Left = 3840, .Top = 120, .Width = 1215, .Height = 345, .Tag = "R0180"}};
     platform::CommandButton cmdStäng{
-        *this, "cmdStäng", {.Left = 5160, .Top = 90, .Width = 1215, .Height = 405, .Tag = "R0181"}};
-    platform::Label lblInfo{*this, "lblInfo", {.Left = 3840, .Top = 555, .Width = 2535, .Height = 255}};
+        *this, "cmdStäng", {.Left = 5160, .Top = 120, .Width = 1215, .Height = 345, .Tag = "R0181"}};
+    platform::Label lblInfo{*this, "lblInfo", {.Left = 3840, .Top = 600, .Width = 2535, .Height = 240}};
     // To the right of the window as it opens: seen once the window is made wider.
     platform::Frame fraSökaI{
         *this,

@@ -39,6 +39,8 @@ void frmChemical::Visa() {
 
         MousePointer(pointer::Hourglass);
         lvwMaterial.ClearItems();
+        // A box during the filling draws the list: the rows must keep their order until they are all there.
+        lvwMaterial.Sorted = false;
         lblResultat.Caption = "";
         VisaKolumner();
         VisaÄndrad();
@@ -96,8 +98,11 @@ void frmChemical::FyllRader(Recordset& rs) {
         item.AddSubItem(std::move(temperature));
         item.AddSubItem(platform::Trim(rs["TheValue"].Joined()));
         item.AddSubItem(rs["Name"].Joined());
-        const std::string description = rs["Description"].Joined();
-        item.AddSubItem(mark.empty() ? description : description + " (" + mark + ")");
+        std::string description = rs["Description"].Joined();
+        if (!mark.empty()) {
+            description.append(" (").append(mark).append(")");
+        }
+        item.AddSubItem(std::move(description));
         rs.MoveNext();
     }
 }

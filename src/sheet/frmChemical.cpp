@@ -9,7 +9,6 @@
 
 namespace vemora {
 
-using platform::Error;
 using platform::adodb::Recordset;
 namespace ado = platform::adodb;
 namespace pointer = platform::pointer;
@@ -181,7 +180,8 @@ void frmChemical::Form_Resize() {
     if (WindowState() == platform::vbMinimized) {
         return;
     }
-    if (Height() - (lvwMaterial.Top + 700) > 0) {
+    // Between the two bounds there is no height to give: the list keeps its last one.
+    if (Height() - (lvwMaterial.Top + 700) >= 120) {
         lvwMaterial.Height = Height() - (lvwMaterial.Top + 700) - 120;
     }
     if (Width() - (lvwMaterial.Left + 120) > 0) {

@@ -20,7 +20,9 @@ LanguageFiles FindLanguageFiles(const std::filesystem::path& folder) {
         if (platform::LCase(name) == "lang.ini") {
             found.Current = language;
         } else if (!language.empty()) {
-            found.Entries.push_back(language + std::string(100, ' ') + name);
+            std::string entry = language;
+            entry.append(100, ' ').append(name);
+            found.Entries.push_back(std::move(entry));
         }
     }
     return found;

@@ -191,6 +191,18 @@ TEST(RealWindows, SearchOpenNarrowCopyAndCloseByKeyboard) {
     EXPECT_EQ(run.Program.Main.gCn, nullptr);
 }
 
+TEST(RealWindows, TabPassesByWhatLiesOutside) {
+    Shown run("English");
+    QWidget* main = run.Start();
+    ASSERT_NE(main, nullptr);
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_FALSE(main->focusWidget()->visibleRegion().isEmpty())
+            << main->focusWidget()->objectName().toStdString();
+        QTest::keyClick(main->focusWidget(), Qt::Key_Tab);
+    }
+    main->close();
+}
+
 TEST(RealWindows, DoubleClickOpensAndTheCloseButtonCloses) {
     Shown run("Svenska");
     QWidget* main = run.Start();

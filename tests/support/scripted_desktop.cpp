@@ -71,9 +71,12 @@ void ScriptedDesktop::Show(platform::Form& form, bool modal, platform::Form* own
     if (!modal) {
         return;
     }
+    if (Ended()) {
+        throw platform::ProgramEnded{};
+    }
     if (pieces_.empty()) {
         ADD_FAILURE() << "Nobody expected the modal window " << form.Name();
-    } else if (!Ended()) {
+    } else {
         const auto piece = std::move(pieces_.front());
         pieces_.pop_front();
         piece(form);

@@ -104,6 +104,17 @@ TEST(SheetWindow, OfAChemicalThatIsGoneIsEmpty) {
     EXPECT_EQ(run.Folder.Files(), Strings{"Vemora.mdb"});
 }
 
+TEST(SheetWindow, OfAChemicalThatIsGoneEndsTheProgramInEnglish) {
+    // There the sheet asks for the language's texts as it opens.
+    Session run("English");
+    run.Start();
+    run.Search("salt");
+    run.Change("DELETE FROM Chemical WHERE ID = 1");
+    test::Press(run.Main(), platform::key::Return);
+    EXPECT_EQ(run.Boxes(), Strings{"[16 -] 13 (…)"});
+    EXPECT_TRUE(run.Desktop.Ended());
+}
+
 TEST(SheetWindow, TheSwitchOfTheSelectionTellsWhatItDoesNext) {
     Session run;
     run.Start();

@@ -62,7 +62,8 @@ void ListView::ClearColumns() {
 }
 
 void ListView::AddColumn(const std::string& text, int width, Align alignment, const std::string& icon) {
-    ColumnHeader header{text, std::max(width, 0), alignment, {}, std::nullopt};
+    // Only 0 hides a column; a list too narrow for its columns must not lose one.
+    ColumnHeader header{text, width < 0 ? 1 : width, alignment, {}, std::nullopt};
     if (headerIcons_ != nullptr && !icon.empty()) {
         header.Icon = headerIcons_->PictureOf(icon);
     }
