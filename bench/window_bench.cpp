@@ -64,10 +64,17 @@ int StartVemora(int argc, char** argv) {
     return desktop.Run();
 }
 
-// Opening alone: nearly all of it is the derivation of the key.
-int OpenStore(char** argv) {
-    platform::Store store(std::filesystem::path(argv[2]) / "Vemora.mdb", "mora27",
-                          platform::Store::Access::Exclusive);
+// Opening alone: nearly all of it is the derivation of the key. In a process like the program's, since with
+// the window system's threads about it takes half as long again.
+int OpenStore(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    const platform::Store store(std::filesystem::path(argv[2]) / "Vemora.mdb", "mora27",
+                                platform::Store::Access::Exclusive);
+    return 0;
+}
+
+int Nothing(int argc, char** argv) {
+    const QApplication application(argc, argv);
     return 0;
 }
 
@@ -144,10 +151,10 @@ int main(int argc, char** argv) {
         return StartVemora(argc, argv);
     }
     if (mode == "open") {
-        return OpenStore(argv);
+        return OpenStore(argc, argv);
     }
     if (mode == "nothing") {
-        return 0;
+        return Nothing(argc, argv);
     }
     if (mode.empty()) {
         return 2;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "vemora-db/publisher.h"
 
 namespace fs = std::filesystem;
@@ -240,6 +242,16 @@ TEST(ShippedData, AreSoundAndStandAsExportWritesThem) {
     EXPECT_EQ(outcome.Exit, Status::Fine) << outcome.Out;
     ASSERT_EQ(publisher.Run({"export", "/Vemora.mdb", "/mine"}).Exit, Status::Fine);
     EXPECT_EQ(publisher.Csv("mine"), publisher.Csv("data"));
+
+    // What else check looks for must not be there either: names given twice, verdicts that get better as the
+    // temperature rises, formulas with open brackets, fixed materials missing. Known and told in the data's
+    // own papers: trade names that a language doesn't have, and two materials that no source speaks of.
+    std::istringstream findings(publisher.Run({"check", "/Vemora.mdb"}).Out);
+    for (std::string line; std::getline(findings, line);) {
+        const bool known = line.find("Chemical.NickName") != std::string::npos ||
+                           line.find("a material without a verdict") != std::string::npos;
+        EXPECT_TRUE(!line.starts_with("warning") || known) << line;
+    }
 }
 
 }  // namespace
