@@ -121,8 +121,10 @@ void FillVerdicts(Store& store) {
                 continue;
             }
             const int count = id % 2 == 0 ? 3 : 2;
+            // At one concentration and temperature, two or three materials a class: what the shipped data
+            // has.
             for (int i = 0; i < count && left > 0; ++i) {
-                add(id, id % 10 + 1, i % 10 + 1, i % 20 + 1);
+                add(id, id % 10 + 1, id / 10 % 10 + 1, (id + i) % 20 + 1);
             }
         }
     }
