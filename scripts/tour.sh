@@ -21,6 +21,7 @@ trap cleanup EXIT
 
 fail() {
     import -window root "$pictures/failure.png" 2>/dev/null || true
+    cat "$work"/*.log >&2 2>/dev/null || true
     echo "tour: $*" >&2
     exit 1
 }
@@ -52,7 +53,7 @@ picture() {
 keys() { xdotool key --clearmodifiers --delay 60 "$@"; }
 
 # A display of our own, with a window manager that gives windows the focus.
-Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
+Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp -noreset 3>"$work/display" 2>"$work/xvfb.log" &
 server=$!
 wait_for "the virtual display" test -s "$work/display"
 DISPLAY=:$(cat "$work/display")
@@ -61,6 +62,8 @@ unset WAYLAND_DISPLAY QT_QPA_PLATFORM QT_QPA_PLATFORMTHEME
 export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR="$work" HOME="$work"
 openbox >"$work/openbox.log" 2>&1 &
 manager=$!
+# It answers what the desktop is only once it is there: windows mapped before it would get no focus.
+wait_for "the window manager" xdotool get_desktop
 
 tour() {
     local language=$1 entry=$2 word=$3 search=$4
