@@ -3,8 +3,10 @@
 
 #include "qt/text_adapter.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QValidator>
 #include <algorithm>
@@ -96,20 +98,46 @@ std::pair<int, int> TextBoxAdapter::ShownSelection() const {
 
 // --- from the user ---
 
+// The click that brings the focus must not take away what the form selects when it gets it: neither by the
+// press nor by a hand that isn't quite still. Who drags on selects from where the press was.
+bool TextBoxAdapter::Filter(QEvent& event) {
+    if (line_ == nullptr) {
+        return false;
+    }
+    if (event.type() == QEvent::MouseButtonPress) {
+        const QPoint at = static_cast<QMouseEvent&>(event).position().toPoint();
+        focusClick_ = Marked ? std::optional(at) : std::nullopt;
+    } else if (event.type() == QEvent::MouseMove && focusClick_.has_value()) {
+        const QPoint at = static_cast<QMouseEvent&>(event).position().toPoint();
+        if ((at - *focusClick_).manhattanLength() < QApplication::startDragDistance()) {
+            return true;
+        }
+        line_->setCursorPosition(line_->cursorPositionAt(*focusClick_));
+        focusClick_.reset();
+    } else if (event.type() == QEvent::MouseButtonRelease) {
+        focusClick_.reset();
+    }
+    return false;
+}
+
 void TextBoxAdapter::Edited() {
     if (Window().Flushing()) {
         return;
     }
-    Mirror();
+    MirrorSelection();
     const QString text = line_ != nullptr ? Shown() : WithCrLf(Shown());
     Window().Input([&] { box_.InputText(text.toStdString()); });
     Window().Mark(*this);
 }
 
 void TextBoxAdapter::Mirror() {
-    if (Window().Flushing() || !Window().Live()) {
-        return;
+    // A selection that the form has asked for and that isn't carried over yet goes first.
+    if (!Window().Flushing() && Window().Live() && !Marked) {
+        MirrorSelection();
     }
+}
+
+void TextBoxAdapter::MirrorSelection() {
     const auto [start, length] = ShownSelection();
     QString before = Shown().left(start);
     QString selected = Shown().mid(start, length);

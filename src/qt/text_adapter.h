@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <QPoint>
+#include <optional>
+
 #include "platform/forms/controls.h"
 #include "qt/adapter.h"
 
@@ -15,6 +18,7 @@ namespace qt {
 class TextBoxAdapter final : public WidgetAdapter {
   public:
     TextBoxAdapter(FormWindow& window, platform::TextBox& box);
+    bool Filter(QEvent& event) override;
 
   protected:
     void CarryOwn() override;
@@ -26,12 +30,14 @@ class TextBoxAdapter final : public WidgetAdapter {
     void CarrySelection(const QString& text);
     /// Tells the model where the caret and the selection are, which is no event of the window.
     void Mirror();
+    void MirrorSelection();
     QString Shown() const;
     std::pair<int, int> ShownSelection() const;  // start and length, UTF-16
 
     platform::TextBox& box_;
     QLineEdit* line_;  // one of the two is null
     QPlainTextEdit* area_;
+    std::optional<QPoint> focusClick_;  // where the press was that brought the focus, until the release
 };
 
 }  // namespace qt

@@ -79,6 +79,30 @@ TEST_F(ControlsTest, SelectionsAreCountedInCodePointsOnBothSides) {
     }
 }
 
+TEST_F(ControlsTest, TheClickThatBringsTheFocusLeavesTheFormsSelection) {
+    Form.txtLine.Text = "natrium";
+    Form.txtLine.GotFocus = [this] {
+        Form.txtLine.SelStart = 0;
+        Form.txtLine.SelLength = 999;
+    };
+    auto* line = WidgetOf<QLineEdit>(Form.txtLine);
+    const QPoint in(20, line->height() / 2);
+    Form.txtNote.SetFocus();
+    QApplication::processEvents();
+    ASSERT_FALSE(line->hasFocus());
+    QTest::mousePress(line, Qt::LeftButton, {}, in);
+    QApplication::processEvents();
+    QTest::mouseMove(line, in + QPoint(2, 0));
+    QTest::mouseRelease(line, Qt::LeftButton, {}, in + QPoint(2, 0));
+    EXPECT_EQ(line->selectedText(), "natrium");
+    EXPECT_EQ(Form.txtLine.SelLength.Get(), 7);
+
+    // The next click sets the caret.
+    QTest::mouseClick(line, Qt::LeftButton, {}, in);
+    EXPECT_EQ(line->selectedText(), "");
+    EXPECT_EQ(Form.txtLine.SelLength.Get(), 0);
+}
+
 TEST_F(ControlsTest, TheCaretStaysWhenTheFormRewritesWhatIsTyped) {
     Form.txtLine.Change = [this] {
         Form.txtLine.Text = QString::fromStdString(Form.txtLine.Text).toUpper().toStdString();
