@@ -265,6 +265,26 @@ void RecordsetImpl::WriteNew() {
         else if (assigned[i])
             rows.Set(position, i, *assigned[i]);
     }
+    const auto& key = connection->Key(table).columns;
+    const bool whole = std::all_of(key.begin(), key.end(), [&](const auto& part) {
+        return std::any_of(columns.begin(), columns.end(), [&](const auto& c) { return c.origin == part; });
+    });
+    if (whole && !key.empty()) ReadDefaults(table);
+}
+
+void RecordsetImpl::ReadDefaults(const std::string& table) {
+    std::string names;
+    for (const auto& column : columns)
+        names += (names.empty() ? "" : ", ") + (column.origin.empty() ? "NULL" : Quoted(column.origin));
+    std::vector<Value> values;
+    const std::string condition = KeyCondition(table, values);
+    const std::string sql = "SELECT " + names + " FROM " + Quoted(table) + " WHERE " + condition;
+    Statement statement = connection->AcquireOwn(sql);
+    for (std::size_t i = 0; i < values.size(); ++i) statement.Bind(static_cast<int>(i), values[i]);
+    if (statement.Step())
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            if (!assigned[i]) rows.Set(position, i, statement.Column(static_cast<int>(i)));
+    connection->ReleaseOwn(sql, std::move(statement));
 }
 
 void RecordsetImpl::DeleteRow() {

@@ -134,6 +134,8 @@ struct RecordsetImpl {
     void Settle();
     void WriteEdit();
     void WriteNew();
+    /// What the store gave the new, current row where nothing was assigned.
+    void ReadDefaults(const std::string& table);
     void DeleteRow();
     void NextRow();
 

@@ -243,6 +243,7 @@ TEST_F(Adodb, AddsARowWhenItIsSaved) {
     rs.Update();
     EXPECT_EQ(rs["ID"].Long(), 5);
     EXPECT_EQ(rs["Name"].Text(), "Guld");
+    EXPECT_EQ(rs["Med"].Long(), -1);  // the default of the store
     EXPECT_EQ(Ask("SELECT Name, Egen, Med FROM Metal WHERE ID = 5"), "Guld|-1|-1");
     rs["Name"] = "Silver";  // the new row can be changed at once
     rs.MoveNext();
