@@ -6,12 +6,14 @@
 
 #include "app/program.h"
 #include "qt/desktop.h"
+#include "qt/pictures.h"
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Vemora");
     QApplication::setApplicationVersion(VEMORA_VERSION);
     QApplication::setDesktopFileName("vemora");
+    QApplication::setWindowIcon(qt::Picture("vemora"));
 
     vemora::Program* running = nullptr;
     qt::QtDesktop desktop(

@@ -109,7 +109,7 @@ class Scanner {
             sql += c;
             if (c == '\'') sql += c;
         }
-        Refuse("a quote is not closed");
+        Refuse("a quotation mark is not closed");
     }
 
     Token Bracketed() {
@@ -181,7 +181,9 @@ class Scanner {
         }
         const char c = Peek();
         if (std::string_view("(),.;=<>+-*/&").find(c) == std::string_view::npos)
-            Refuse("it holds a character that has no meaning outside of quotes");
+            Refuse(
+                "it holds a character that has no meaning outside of quotes; a quotation mark (') in a "
+                "text ends the text");
         ++at_;
         return {Kind::Symbol, std::string(1, c)};
     }

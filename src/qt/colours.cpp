@@ -25,6 +25,11 @@ double Contrast(const QColor& one, const QColor& other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
+QColor Mixed(const QColor& one, const QColor& other, double share) {
+    const auto mix = [share](int a, int b) { return static_cast<int>(std::lround(b + (a - b) * share)); };
+    return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
+}
+
 QColor WarningColour(const QPalette& palette) {
     constexpr double kReadable = 4.5;
     const QColor ground = palette.color(QPalette::Window);

@@ -379,6 +379,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::FocusIn) {
+        // Where the keyboard is shows at once, not only after the first Tab.
+        setAttribute(Qt::WA_KeyboardFocusChange);
         return FocusIn(*adapter, static_cast<QFocusEvent*>(event)->reason());
     }
     if (event->type() == QEvent::KeyPress && watched == focusWidget()) {

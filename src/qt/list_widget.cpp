@@ -9,6 +9,7 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
+#include "qt/colours.h"
 #include "qt/owned.h"
 #include "qt/texts.h"
 
@@ -55,6 +56,18 @@ ListWidget::ListWidget(QWidget* parent) : QTreeView(parent) {
     setAlternatingRowColors(true);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTabKeyNavigation(false);
+}
+
+// The selected row of a list that hasn't the keyboard is paler: else nobody sees that Tab has come there.
+void ListWidget::initViewItemOption(QStyleOptionViewItem* option) const {
+    QTreeView::initViewItemOption(option);
+    if (!hasFocus()) {
+        const QColor strong = option->palette.color(QPalette::Active, QPalette::Highlight);
+        const QColor base = option->palette.color(QPalette::Active, QPalette::Base);
+        const QColor text = option->palette.color(QPalette::Active, QPalette::Text);
+        option->palette.setColor(QPalette::Highlight, Mixed(strong, base, 0.3));
+        option->palette.setColor(QPalette::HighlightedText, text);
+    }
 }
 
 void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -21,6 +21,7 @@ class ListWidget final : public QTreeView {
     void DoubleClicked();
 
   protected:
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

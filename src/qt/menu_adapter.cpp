@@ -49,7 +49,7 @@ MenuAdapter::MenuAdapter(FormWindow& window, platform::Menu& menu)
 void MenuAdapter::Carry() {
     const QString caption = QString::fromStdString(menu_.Caption);
     action_->setSeparator(caption == "-");
-    action_->setText(caption);
+    action_->setText(caption == "-" ? QString() : caption);
     action_->setEnabled(menu_.Enabled);
     action_->setVisible(menu_.Visible);
 }

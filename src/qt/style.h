@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QFontMetrics>
+#include <QPainter>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <algorithm>
 
 namespace qt {
@@ -24,6 +27,8 @@ class Style final : public QProxyStyle {
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
         const int size = QProxyStyle::pixelMetric(metric, option, widget);
         switch (metric) {
+            case PM_DefaultFrameWidth:
+                return IsFramedArea(widget) ? std::max(size, kFrame) : size;
             case PM_SmallIconSize:
             case PM_IndicatorWidth:
             case PM_IndicatorHeight:
@@ -33,6 +38,26 @@ class Style final : public QProxyStyle {
             default:
                 return size;
         }
+    }
+
+    // Where a pixel of the screen is no whole number of the window's, a thin line would fall out of the area
+    // that it frames, or be covered by what the area holds: filled, and one pixel wider, it is seen.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element != PE_Frame || !IsFramedArea(widget)) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        painter->fillRect(option->rect, option->palette.color(QPalette::Window).darker(130));
+        painter->fillRect(option->rect.adjusted(1, 1, -1, -1), option->palette.base());
+    }
+
+  private:
+    static constexpr int kFrame = 2;
+
+    // Other styles than this one know how to frame.
+    bool IsFramedArea(const QWidget* widget) const {
+        return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr && baseStyle()->name() == "fusion";
     }
 };
 

@@ -4,6 +4,7 @@
 #include "qt/text_adapter.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -20,14 +21,20 @@ namespace qt {
 
 namespace {
 
-// Takes line breaks and control characters out of what is pasted into one line.
+// Takes line breaks and control characters out of what is pasted into one line. Those at its ends come with
+// the cell or the line that was copied, and belong to no text.
 class OneLine final : public QValidator {
   public:
     using QValidator::QValidator;
     State validate(QString& text, int& caret) const override {
-        const QString clean = Clean(text, false);
+        const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+        const auto from = std::find_if_not(text.begin(), text.end(), isControl) - text.begin();
+        const auto behind = std::find_if_not(text.rbegin(), text.rend(), isControl) - text.rbegin();
+        const QString trimmed = text.mid(from, std::max<qsizetype>(text.size() - from - behind, 0));
+        const QString clean = Clean(trimmed, false);
         if (clean != text) {
-            caret = static_cast<int>(Clean(text.left(caret), false).size());
+            const auto before = std::clamp<qsizetype>(caret - from, 0, trimmed.size());
+            caret = static_cast<int>(Clean(trimmed.left(before), false).size());
             text = clean;
         }
         return Acceptable;
@@ -116,6 +123,12 @@ bool TextBoxAdapter::Filter(QEvent& event) {
         focusClick_.reset();
     } else if (event.type() == QEvent::MouseButtonRelease) {
         focusClick_.reset();
+    } else if (event.type() == QEvent::KeyPress) {
+        // Alt and a letter that belongs to nothing in the window is no text. (On some keyboards Alt makes
+        // another character out of the key, which is.)
+        const auto& key = static_cast<QKeyEvent&>(event);
+        return key.modifiers() == Qt::AltModifier && key.text().size() == 1 &&
+               key.text().at(0).toUpper().unicode() == key.key();
     }
     return false;
 }

@@ -122,9 +122,17 @@ TEST_F(ControlsTest, WhatIsPastedLosesItsControlCharacters) {
     QApplication::clipboard()->setText(pasted);
     auto* line = WidgetOf<QLineEdit>(Form.txtLine);
     line->paste();
-    EXPECT_EQ(Form.txtLine.Text.Get(), "a b cd ");
+    EXPECT_EQ(Form.txtLine.Text.Get(), "a b cd");
     EXPECT_EQ(Form.Changes, 1);
     EXPECT_EQ(line->cursorPosition(), line->text().size());
+    QTest::keyClick(line, 'u', Qt::AltModifier);  // belongs to nothing in the window
+    EXPECT_EQ(Form.txtLine.Text.Get(), "a b cd");
+    line->selectAll();
+    QApplication::clipboard()->setText("\tHCl\t\r\n");  // a cell of a table
+    line->paste();
+    EXPECT_EQ(Form.txtLine.Text.Get(), "HCl");
+    EXPECT_EQ(line->cursorPosition(), 3);
+    QApplication::clipboard()->setText(pasted);
 
     auto* area = WidgetOf<QPlainTextEdit>(Form.txtNote);
     area->paste();
