@@ -111,6 +111,14 @@ bool Statement::IsNull(int column) const {
     return sqlite3_column_type(Handle(), column) == SQLITE_NULL;
 }
 
+bool Statement::IsInteger(int column) const {
+    return sqlite3_column_type(Handle(), column) == SQLITE_INTEGER;
+}
+
+bool Statement::IsText(int column) const {
+    return sqlite3_column_type(Handle(), column) == SQLITE_TEXT;
+}
+
 std::int64_t Statement::Integer(int column) const {
     return sqlite3_column_int64(Handle(), column);
 }

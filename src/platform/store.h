@@ -40,6 +40,9 @@ class Statement {
     std::string ColumnName(int column) const;
     Value Column(int column) const;
     bool IsNull(int column) const;
+    /// As what it is stored. To be asked before it is read, which may convert it.
+    bool IsInteger(int column) const;
+    bool IsText(int column) const;
     std::int64_t Integer(int column) const;
     /// UTF-8, valid to the next Step, Reset or end of the statement; empty for Null. Throws when a long text
     /// lies on a damaged page.

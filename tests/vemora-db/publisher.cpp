@@ -51,9 +51,9 @@ std::string Verdicts(const Class& one) {
     for (const int id : one.IDs) keys += one.Name + "-" + std::to_string(id) + ",";
     return "ChemID,Chemical,ConcID,Concentration,TempID,Temperature," + keys + "Source\n" +  //
            "1,Svavelsyra,-1,,1,20ºC," + cells("+", "0*") + ",S1\n" + "1,Svavelsyra,1,10 %,1,20ºC," +
-           cells("+", "0") + ",\n" + "1,Svavelsyra,1,10 %,2,60ºC," + cells("-*", "_") + ",\"S1, S2\"\n" +
-           "2,Paraffin,2,mättad,1,20ºC," + cells("0", "") + ",\n" + "5,Egen lut,1,10 %,3,80ºC," +
-           cells("+*", "") + ",S3 ≤\n";
+           cells("+", "0") + ",S3 ≤\n" + "1,Svavelsyra,1,10 %,2,60ºC," + cells("-*", "_") + ",\"S1, S2\"\n" +
+           "2,Paraffin,2,mättad,1,20ºC," + cells("0", "") + ",S1\n" + "5,Egen lut,1,10 %,3,80ºC," +
+           cells("+*", "") + ",\n";
 }
 
 }  // namespace

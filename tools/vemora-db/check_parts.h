@@ -43,6 +43,9 @@ void CheckVerdicts(platform::Store& store, const Contents& contents, Findings& f
 /// The number that a temperature's label begins with ("-10ºC", "37,5 ºC").
 std::optional<double> TemperatureOf(std::string_view label);
 
+/// Whether a formula is made of the elements' symbols, counts, charges, brackets and dots.
+bool FormulaReads(std::string_view formula);
+
 /// Whether the round, square and curly brackets of a formula are in pairs.
 bool BracketsBalance(std::string_view formula);
 

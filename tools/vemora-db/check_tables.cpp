@@ -1,6 +1,8 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
+#include <unicode/utf8.h>
+
 #include <algorithm>
 #include <charconv>
 #include <functional>
@@ -18,6 +20,18 @@ constexpr std::string_view kCelsius = "ºC";
 
 std::string Row(std::int64_t id) {
     return "ID " + std::to_string(id);
+}
+
+/// Whether it is UTF-8 without a NUL.
+bool IsSoundText(std::string_view text) {
+    UChar32 code = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        U8_NEXT(text.data(), i, text.size(), code);
+        if (code <= 0) {
+            return false;
+        }
+    }
+    return true;
 }
 
 /// Finds names that are the same to the reader, be it but for case.
@@ -87,14 +101,9 @@ class TableCheck {
             return false;
         }
         progress_.Tell("checking " + table_, ++count_, 0);
+        CheckTypes();
         if (ID() < 1) {
             findings_.Add(Severity::Error, "an ID must be 1 or above", table_, Row(ID()));
-        }
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            const int place = static_cast<int>(i);
-            if (columns_[i].Holds == Kind::Flag && rows_.Text(place) != "0" && rows_.Text(place) != "-1") {
-                Hit(Severity::Error, "the value must be -1 (true) or 0 (false)", columns_[i].Name);
-            }
         }
         for (const int place : needed_) {
             if (IsEmpty(place)) {
@@ -130,6 +139,22 @@ class TableCheck {
         Names Seen;
     };
 
+    // Before anything else is read of the row: reading converts.
+    void CheckTypes() {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            const int place = static_cast<int>(i);
+            if (columns_[i].Holds == Kind::Number) {
+                continue;  // the ID, which the store holds to be one
+            }
+            if (columns_[i].Holds == Kind::Flag) {
+                if (rows_.Text(place) != "0" && rows_.Text(place) != "-1") {
+                    Hit(Severity::Error, "the value must be -1 (true) or 0 (false)", columns_[i].Name);
+                }
+            } else if (!rows_.IsNull(place) && !(rows_.IsText(place) && IsSoundText(rows_.Text(place)))) {
+                Hit(Severity::Error, "the value is no text", columns_[i].Name);
+            }
+        }
+    }
     bool IsEmpty(int place) const { return rows_.IsNull(place) || rows_.Text(place).empty(); }
     std::string_view NameOf(int place) const { return columns_[static_cast<std::size_t>(place)].Name; }
     std::string Where(std::string_view column) const { return table_ + "." + std::string(column); }
@@ -158,6 +183,8 @@ void CheckChemicals(platform::Store& store, Contents& contents, Findings& findin
         contents.Chemicals.push_back(check.ID());
         if (!BracketsBalance(check.Text(formula))) {
             check.Hit(Severity::Warning, "the brackets are not in pairs", "Formula");
+        } else if (!FormulaReads(check.Text(formula))) {
+            check.Hit(Severity::Warning, "the formula can't be read", "Formula");
         }
     }
 }
@@ -260,23 +287,6 @@ std::optional<double> TemperatureOf(std::string_view label) {
     double value = 0;
     const auto [end, problem] = std::from_chars(number.data(), number.data() + number.size(), value);
     return problem == std::errc() ? std::optional(value) : std::nullopt;
-}
-
-bool BracketsBalance(std::string_view formula) {
-    constexpr std::string_view opening = "([{";
-    constexpr std::string_view closing = ")]}";
-    std::string open;
-    for (const char c : formula) {
-        if (opening.find(c) != std::string_view::npos) {
-            open += closing[opening.find(c)];
-        } else if (closing.find(c) != std::string_view::npos) {
-            if (open.empty() || open.back() != c) {
-                return false;
-            }
-            open.pop_back();
-        }
-    }
-    return open.empty();
 }
 
 }  // namespace vemora_db

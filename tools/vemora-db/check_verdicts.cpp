@@ -112,7 +112,7 @@ class RelationCheck {
           rows_(store.Prepare("SELECT ChemID, ConcID, TempID, " + std::string(one.IdColumn) +
                               ", TheValue, Egen FROM " + relation_ + " ORDER BY ChemID, ConcID, TempID, " +
                               std::string(one.IdColumn))),
-          sources_(store.Prepare("SELECT ChemID, ConcID, TempID FROM Source WHERE RelTable = ? "
+          sources_(store.Prepare("SELECT ChemID, ConcID, TempID, Source FROM Source WHERE RelTable = ? "
                                  "ORDER BY ChemID, ConcID, TempID")) {
         sources_.Bind(0, std::string_view(relation_));
     }
@@ -122,6 +122,12 @@ class RelationCheck {
         Line line{};
         for (std::uintmax_t count = 0; rows_.Step(); ++count) {
             progress_.Tell("checking " + relation_, count, 0);
+            for (int column = 0; column < 4; ++column) {
+                if (!rows_.IsInteger(column)) {
+                    findings_.Add(Severity::Error, "an ID must be a whole number", relation_,
+                                  "\"" + std::string(rows_.Text(column)) + "\"");
+                }
+            }
             const Line next = LineAt(rows_, 0);
             if (count == 0 || next != line) {
                 if (next[0] != line[0] || next[1] != line[1]) {
@@ -143,7 +149,9 @@ class RelationCheck {
         while (moreSources_ && source_ < line) {
             LostSource();
         }
+        sourceKnown_ = false;
         if (moreSources_ && source_ == line) {
+            sourceKnown_ = !sources_.Text(3).empty();
             StepSource();
         }
         chemicalKnown_ = chemicals_.Meet(line[0]);
@@ -155,6 +163,11 @@ class RelationCheck {
 
     void CheckRow(const Line& line) {
         const std::int64_t material = rows_.Integer(3);
+        // The user's own verdicts need none.
+        if (!sourceKnown_ && rows_.Integer(5) == 0) {
+            findings_.Add(Severity::Warning, "verdicts without a source", relation_, Example(line));
+            sourceKnown_ = true;  // once a line
+        }
         Orphan(chemicalKnown_, "ChemID", line[0]);
         Orphan(concentrationKnown_, "ConcID", line[1]);
         Orphan(temperatureKnown_, "TempID", line[2]);
@@ -213,6 +226,7 @@ class RelationCheck {
     platform::Statement sources_;
     bool moreSources_ = false;
     Line source_{};
+    bool sourceKnown_ = false;
     bool chemicalKnown_ = false;
     bool concentrationKnown_ = false;
     bool temperatureKnown_ = false;

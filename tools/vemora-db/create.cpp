@@ -49,8 +49,12 @@ class TemporaryFile {
     }
 
     const fs::path& Path() const { return path_; }
+    /// Replaces the file, whose permissions stay what they were.
     void TakePlace() {
         std::error_code problem;
+        if (const fs::file_status old = fs::status(target_, problem); fs::exists(old)) {
+            fs::permissions(path_, old.permissions(), problem);
+        }
         fs::rename(path_, target_, problem);
         if (problem) {
             throw platform::Error(
@@ -239,10 +243,14 @@ void CheckTarget(const fs::path& file, bool replace) {
 void Create(const fs::path& data, const fs::path& file, const std::string& password, bool replace,
             Progress& progress) {
     if (std::error_code problem; !fs::is_directory(data, problem)) {
-        throw BadData(platform::Utf8FromPath(data) + ": there is no such folder");
+        throw platform::Error(platform::errors::FileNotFound,
+                              platform::Utf8FromPath(data) + ": there is no such folder", "create");
     }
     CheckTarget(file, replace);
-    TemporaryFile temporary(file);
+    // A link stays one: what it leads to is replaced.
+    std::error_code noLink;
+    const fs::path target = fs::is_symlink(file, noLink) ? fs::canonical(file) : file;
+    TemporaryFile temporary(target);
     {
         platform::Store store(temporary.Path(), password, platform::Store::Access::Create);
         // Nobody misses this file when the power fails, so that it needs no journal. Its pages still go to

@@ -38,7 +38,8 @@ CsvReader::Parser::~Parser() {
 CsvReader::CsvReader(std::filesystem::path file) : file_(std::move(file)) {
     std::error_code problem;
     if (!std::filesystem::is_regular_file(file_, problem)) {
-        throw BadData(platform::Utf8FromPath(file_) + ": there is no such file");
+        throw platform::Error(platform::errors::FileNotFound,
+                              platform::Utf8FromPath(file_) + ": there is no such file", "csv");
     }
     size_ = std::filesystem::file_size(file_, problem);
     stream_.open(file_, std::ios::binary);

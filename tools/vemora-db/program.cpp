@@ -113,6 +113,9 @@ Status RunCheck(const Arguments& arguments, std::ostream& out, Progress& progres
     progress.Clear();
     if (!arguments.Quiet) {
         findings.Print(out, !arguments.NoWarnings);
+        if (!out.flush()) {
+            throw platform::Error(platform::errors::DiskNotReady, "Writing the findings failed.", "check");
+        }
     }
     const bool found =
         findings.Has(Severity::Error) || (!arguments.NoWarnings && findings.Has(Severity::Warning));

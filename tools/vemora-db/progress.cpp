@@ -59,6 +59,9 @@ bool ErrorsGoToTerminal() {
 void CatchInterrupts() {
     std::signal(SIGINT, [](int) { interrupted = 1; });
     std::signal(SIGTERM, [](int) { interrupted = 1; });
+#ifdef SIGHUP
+    std::signal(SIGHUP, [](int) { interrupted = 1; });  // the terminal was closed
+#endif
 }
 
 }  // namespace vemora_db
