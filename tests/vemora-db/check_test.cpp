@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <regex>
+#include <sstream>
 
+#include "vemora-db/check_parts.h"
 #include "vemora-db/publisher.h"
 
 namespace fs = std::filesystem;
@@ -87,12 +90,24 @@ TEST(Check, TellsWhatIsWrongWithTheRows) {
         {"UPDATE Chemical SET NoteEN = CAST(x'C3' AS TEXT) WHERE ID = 1",
          "error Chemical.NoteEN 1 the value is no text: ID 1"},
         {"UPDATE relPlast SET ChemID = 'a' WHERE ChemID = 5",
-         "error relPlast 1 an ID must be a whole number: \"a\""},
+         "error relPlast.ChemID 1 an ID must be a whole number: \"a\""},
+        {"UPDATE Source SET TempID = 'b' WHERE RelTable = 'relMisc' AND ChemID = 2",
+         "error Source.TempID 1 an ID must be a whole number: \"b\""},
+        {"UPDATE MaterialKey SET ID = 1.5 WHERE [Key] = 'Misc-2'",
+         "error MaterialKey.ID 1 an ID must be a whole number: \"1.5\""},
+        {"UPDATE MaterialKey SET [Key] = x'41' WHERE [Key] = 'Misc-2'",
+         "error MaterialKey.Key 1 the value is no text"},
+        {"UPDATE Source SET Source = 'S' || char(0) WHERE RelTable = 'relMisc' AND ChemID = 2",
+         "error Source.Source 1 the value is no text: relMisc, ChemID 2, ConcID 2, TempID 1"},
+        {"UPDATE relMisc SET TheValue = x'2B' WHERE ChemID = 5",
+         "error relMisc.TheValue 1 a verdict must be +, -, 0 or a blank: \"+\""},
+        {"UPDATE relMisc SET Egen = 'no' WHERE ChemID = 5",
+         "error relMisc.Egen 1 the value must be -1 (true)"},
         // The user's own need none: chemical 5 isn't told.
         {"DELETE FROM Source WHERE RelTable = 'relMisc'",
          "warning relMisc 4 verdicts without a source: ChemID 1, ConcID -1, TempID 1; ChemID 1, ConcID 1, "
          "TempID 1; "},
-        {"UPDATE Source SET Source = '' WHERE RelTable = 'relTight' AND ChemID = 2",
+        {"UPDATE Source SET Source = ' ' WHERE RelTable = 'relTight' AND ChemID = 2",
          "warning relTight 1 verdicts without a source: ChemID 2, ConcID 2, TempID 1"},
         {"UPDATE relMetal SET TheValue = '+' WHERE ConcID = 1 AND TempID = 2 AND MetalID = 7",
          "warning relMetal 1 a verdict gets better as the temperature rises: ChemID 1, ConcID 1, MetalID 7"},
@@ -111,6 +126,20 @@ TEST(Check, TellsWhatIsWrongWithTheRows) {
         EXPECT_NE(std::regex_replace(outcome.Out, std::regex(" +"), " ").find(one.Said), std::string::npos)
             << one.Sql << "\n"
             << outcome.Out;
+    }
+}
+
+TEST(Check, ReadsFormulas) {
+    for (const char* const sound :
+         {"", "CO", "Co", "KAl(SO4)2·12H2O", "CaSO4·½H2O", "CaSO4.0.5H2O", "CoCl2·xH2O", "SO42-", "Ca++",
+          "[Fe(CN)6]4-", "(NH4+)2(SO42-)", "3HCl+HNO3", "CH3-CH=CH2", "(C2H4)n", "CnH2n+2", "CnH2n+1OH",
+          "C10–C13", "C10–13H22–28", "Fe0,95O"}) {
+        EXPECT_TRUE(vemora_db::FormulaReads(sound)) << sound;
+    }
+    for (const char* const strange :
+         {"H2So4", "h2O", "Q",    "2",      "n",   "()",  "Na()", "NaCl·",     "NaCl·2", "·H2O", "H2O 2",
+          "–C",    "+C",  "C10–", "H2SO4?", "2(3", "H2Ω", "(2)",  "NaCl··H2O", "HnnO",   "Na+2"}) {
+        EXPECT_FALSE(vemora_db::FormulaReads(strange)) << strange;
     }
 }
 
@@ -186,6 +215,14 @@ TEST(Check, SaysAsMuchAsItIsAskedFor) {
     const Outcome quiet = publisher.Run({"check", "/Vemora.mdb", "-q"});
     EXPECT_EQ(quiet.Exit, Status::Findings);
     EXPECT_EQ(quiet.Out + quiet.Err, "");
+    const std::string file = publisher.Path("Vemora.mdb").string();
+    for (const char* const asked : {file.c_str(), "--help"}) {
+        const std::array<const char*, 3> arguments = {"vemora-db", "check", asked};
+        std::ostream full(nullptr);
+        std::ostringstream err;
+        EXPECT_EQ(vemora_db::Run(3, arguments.data(), full, err, false), Status::Failed) << asked;
+        EXPECT_EQ(err.str(), "vemora-db: Writing the output failed.\n");
+    }
 }
 
 TEST(Password, ComesFromAFileAndIsNeverInTheFile) {

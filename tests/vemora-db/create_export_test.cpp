@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <iostream>
 #include <sstream>
 
+#include "vemora-db/progress.h"
 #include "vemora-db/publisher.h"
 
 namespace fs = std::filesystem;
@@ -124,8 +127,36 @@ TEST(Create, ReplacesOnlyWhenToldAndOnlyWhenItWorks) {
     EXPECT_EQ(fs::status(publisher.Path("Vemora.mdb")).permissions(),
               fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_TRUE(fs::is_symlink(publisher.Path("link.mdb")));
-    EXPECT_EQ(publisher.Files(), (std::vector<std::string>{"Vemora.mdb", "data", "link.mdb"}));
+    // The journal lies beside what the link leads to.
+    publisher.Write("Vemora.mdb-wal", "x");
+    EXPECT_EQ(publisher.Run({"create", "-f", "/data", "/link.mdb"}).Exit, Status::WrongUsage);
+    fs::remove(publisher.Path("Vemora.mdb-wal"));
+    fs::remove(publisher.Path("Vemora.mdb"));
+    EXPECT_EQ(publisher.Run({"create", "/data", "/link.mdb"}).Exit, Status::Fine);
+    fs::create_symlink("circle.mdb", publisher.Path("circle.mdb"));
+    EXPECT_EQ(publisher.Run({"create", "-f", "/data", "/circle.mdb"}).Exit, Status::Failed);
+    EXPECT_EQ(publisher.Files(), (std::vector<std::string>{"Vemora.mdb", "circle.mdb", "data", "link.mdb"}));
 }
+
+#ifdef SIGHUP
+TEST(Create, LeavesNothingWhenTheTerminalIsClosed) {
+    const Publisher publisher;
+    std::string rows = publisher.Read("data/temperatures.csv");
+    for (int id = 4; id < 1000; ++id) rows += std::to_string(id) + "," + std::to_string(id) + "ºC,0,-1\n";
+    publisher.Write("data/temperatures.csv", rows);
+    const auto hangUp = [&](void (*before)(int)) {
+        std::signal(SIGHUP, before);
+        vemora_db::CatchInterrupts();
+        std::raise(SIGHUP);
+        const Outcome outcome = publisher.Run({"create", "/data", "/Vemora.mdb"});
+        std::cerr << outcome.Err;
+        std::exit(static_cast<int>(outcome.Exit));
+    };
+    EXPECT_EXIT(hangUp(SIG_DFL), testing::ExitedWithCode(4), "stopped; nothing was changed");
+    EXPECT_EQ(publisher.Files(), std::vector<std::string>{"data"});
+    EXPECT_EXIT(hangUp(SIG_IGN), testing::ExitedWithCode(0), "");  // as nohup has it
+}
+#endif
 
 TEST(Create, RefusesBadDataWithTheirPlaceAndLeavesNothing) {
     struct Case {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <string>
 
 #include "vemora-db/check_parts.h"
@@ -21,45 +22,83 @@ constexpr auto kElements = std::to_array<std::string_view>(
      "Rb", "Re", "Rf", "Rg", "Rh", "Rn", "Ru", "S",  "Sb", "Sc", "Se", "Sg", "Si", "Sm", "Sn", "Sr", "Ta",
      "Tb", "Tc", "Te", "Th", "Ti", "Tl", "Tm", "Ts", "U",  "V",  "W",  "Xe", "Y",  "Yb", "Zn", "Zr"});
 
-bool IsUpper(char c) {
-    return c >= 'A' && c <= 'Z';
+/// Takes the first of these signs that stands in front off the text.
+bool Take(std::string_view& rest, std::initializer_list<std::string_view> signs) {
+    const auto* const found = std::find_if(signs.begin(), signs.end(),
+                                           [&](std::string_view sign) { return rest.starts_with(sign); });
+    if (found == signs.end()) {
+        return false;
+    }
+    rest.remove_prefix(found->size());
+    return true;
 }
 
-bool IsLower(char c) {
-    return c >= 'a' && c <= 'z';
-}
-
-/// Takes one sign off the front that stands between or behind the elements; false for anything else.
-bool TakeSign(std::string_view& rest) {
-    // Counts, charges, an unknown count, brackets, the dot of a hydrate and the dash of a range.
-    for (const std::string_view sign : {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "(", ")",
-                                        "[", "]", "{", "}", "+", "-", "n", "x", ".", "·", "–"}) {
-        if (rest.starts_with(sign)) {
-            rest.remove_prefix(sign.size());
+bool TakeElement(std::string_view& rest) {
+    // The longer one counts: Co is cobalt.
+    for (const std::size_t length : {2U, 1U}) {
+        if (rest.size() >= length &&
+            std::binary_search(kElements.begin(), kElements.end(), rest.substr(0, length))) {
+            rest.remove_prefix(length);
             return true;
         }
     }
     return false;
 }
 
+bool StartsWithDigit(std::string_view text) {
+    return !text.empty() && text.front() >= '0' && text.front() <= '9';
+}
+
+bool TakeNumber(std::string_view& rest) {
+    const std::size_t before = rest.size();
+    while (StartsWithDigit(rest)) {
+        rest.remove_prefix(1);
+    }
+    return rest.size() < before;
+}
+
+/// A count or factor: 2, 0.5, 10–13, n, 2n+2.
+bool TakeCount(std::string_view& rest) {
+    const bool number = Take(rest, {"½"}) || TakeNumber(rest);
+    for (const std::string_view sign : {".", ",", "–"}) {
+        if (number && rest.starts_with(sign) && StartsWithDigit(rest.substr(sign.size()))) {
+            rest.remove_prefix(sign.size());
+            TakeNumber(rest);
+        }
+    }
+    if (!Take(rest, {"n", "m", "x", "y"})) {
+        return number;
+    }
+    if ((rest.starts_with('+') || rest.starts_with('-')) && StartsWithDigit(rest.substr(1))) {
+        rest.remove_prefix(1);
+        TakeNumber(rest);
+    }
+    return true;
+}
+
 }  // namespace
 
 bool FormulaReads(std::string_view formula) {
+    bool mayEnd = formula.empty();  // what is open is complete
+    bool factor = true;             // one may stand here
     while (!formula.empty()) {
-        if (!IsUpper(formula[0])) {
-            if (!TakeSign(formula)) {
-                return false;
-            }
-            continue;
-        }
-        const bool two = formula.size() > 1 && IsLower(formula[1]) &&
-                         std::binary_search(kElements.begin(), kElements.end(), formula.substr(0, 2));
-        if (!two && !std::binary_search(kElements.begin(), kElements.end(), formula.substr(0, 1))) {
+        if (TakeElement(formula) || (mayEnd && Take(formula, {")", "]", "}"}))) {
+            TakeCount(formula);
+            mayEnd = true;
+            factor = false;
+        } else if (Take(formula, {"(", "[", "{"}) || (mayEnd && Take(formula, {"·", ".", "–", "="}))) {
+            mayEnd = false;
+            factor = true;
+        } else if (mayEnd && Take(formula, {"+", "-"})) {
+            factor = true;  // a charge, at which it may end, or a bond
+        } else if (factor && TakeCount(formula)) {
+            mayEnd = false;
+            factor = false;
+        } else {
             return false;
         }
-        formula.remove_prefix(two ? 2 : 1);
     }
-    return true;
+    return mayEnd;
 }
 
 bool BracketsBalance(std::string_view formula) {

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -43,7 +44,15 @@ void CheckVerdicts(platform::Store& store, const Contents& contents, Findings& f
 /// The number that a temperature's label begins with ("-10ºC", "37,5 ºC").
 std::optional<double> TemperatureOf(std::string_view label);
 
-/// Whether a formula is made of the elements' symbols, counts, charges, brackets and dots.
+/// Whether Null or a text in UTF-8 without a NUL is stored. To be asked before it is read.
+bool HoldsText(const platform::Statement& row, int column);
+
+/// Whether IDs are stored in these columns, from the first on; tells of each that isn't one.
+bool HoldsIDs(const platform::Statement& row, int first, int count, const std::string& table,
+              Findings& findings);
+
+/// Whether a formula whose brackets are in pairs is made of elements with their counts, and of factors,
+/// charges, bonds and hydrate dots where these can stand.
 bool FormulaReads(std::string_view formula);
 
 /// Whether the round, square and curly brackets of a formula are in pairs.

@@ -150,7 +150,7 @@ class TableCheck {
                 if (rows_.Text(place) != "0" && rows_.Text(place) != "-1") {
                     Hit(Severity::Error, "the value must be -1 (true) or 0 (false)", columns_[i].Name);
                 }
-            } else if (!rows_.IsNull(place) && !(rows_.IsText(place) && IsSoundText(rows_.Text(place)))) {
+            } else if (!HoldsText(rows_, place)) {
                 Hit(Severity::Error, "the value is no text", columns_[i].Name);
             }
         }
@@ -249,6 +249,15 @@ void CheckKeys(platform::Store& store, const Contents& contents, Findings& findi
     std::set<std::pair<std::string, std::string>> seen;
     auto rows = store.Prepare("SELECT Class, ID, [Key] FROM MaterialKey");
     while (rows.Step()) {
+        for (const int column : {0, 2}) {
+            if (!HoldsText(rows, column)) {
+                findings.Add(Severity::Error, "the value is no text",
+                             "MaterialKey." + rows.ColumnName(column), "");
+            }
+        }
+        if (!HoldsIDs(rows, 1, 1, "MaterialKey", findings)) {
+            continue;
+        }
         const std::string name(rows.Text(0));
         const std::string key(rows.Text(2));
         std::string example = name;
@@ -279,6 +288,23 @@ Contents CheckTables(platform::Store& store, Findings& findings, Progress& progr
     CheckMaterials(store, contents, findings, progress);
     CheckKeys(store, contents, findings);
     return contents;
+}
+
+bool HoldsText(const platform::Statement& row, int column) {
+    return row.IsNull(column) || (row.IsText(column) && IsSoundText(row.Text(column)));
+}
+
+bool HoldsIDs(const platform::Statement& row, int first, int count, const std::string& table,
+              Findings& findings) {
+    bool all = true;
+    for (int column = first; column < first + count; ++column) {
+        if (!row.IsInteger(column)) {
+            findings.Add(Severity::Error, "an ID must be a whole number",
+                         table + "." + row.ColumnName(column), "\"" + std::string(row.Text(column)) + "\"");
+            all = false;
+        }
+    }
+    return all;
 }
 
 std::optional<double> TemperatureOf(std::string_view label) {

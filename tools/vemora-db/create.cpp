@@ -52,10 +52,15 @@ class TemporaryFile {
     /// Replaces the file, whose permissions stay what they were.
     void TakePlace() {
         std::error_code problem;
-        if (const fs::file_status old = fs::status(target_, problem); fs::exists(old)) {
+        const fs::file_status old = fs::status(target_, problem);
+        problem.clear();
+        // Not every file system can change them; there they are alike.
+        if (fs::exists(old) && old.permissions() != fs::status(path_, problem).permissions()) {
             fs::permissions(path_, old.permissions(), problem);
         }
-        fs::rename(path_, target_, problem);
+        if (!problem) {
+            fs::rename(path_, target_, problem);
+        }
         if (problem) {
             throw platform::Error(
                 platform::errors::PathFileAccess,
@@ -218,6 +223,19 @@ class Creator {
     std::string derived_;
 };
 
+/// Where a link leads to, be there a file or not: the link stays one, and what it leads to is replaced.
+fs::path FollowLinks(fs::path file) {
+    std::error_code problem;
+    if (fs::status(file, problem).type() == fs::file_type::none) {  // links in a circle, a locked folder
+        throw platform::Error(platform::errors::PathFileAccess,
+                              platform::Utf8FromPath(file) + ": " + problem.message(), "create");
+    }
+    while (fs::is_symlink(fs::symlink_status(file, problem))) {
+        file = file.parent_path() / fs::read_symlink(file, problem);
+    }
+    return file;
+}
+
 void CheckTarget(const fs::path& file, bool replace) {
     const std::string name = platform::Utf8FromPath(file);
     std::error_code problem;
@@ -246,10 +264,8 @@ void Create(const fs::path& data, const fs::path& file, const std::string& passw
         throw platform::Error(platform::errors::FileNotFound,
                               platform::Utf8FromPath(data) + ": there is no such folder", "create");
     }
-    CheckTarget(file, replace);
-    // A link stays one: what it leads to is replaced.
-    std::error_code noLink;
-    const fs::path target = fs::is_symlink(file, noLink) ? fs::canonical(file) : file;
+    const fs::path target = FollowLinks(file);
+    CheckTarget(target, replace);
     TemporaryFile temporary(target);
     {
         platform::Store store(temporary.Path(), password, platform::Store::Access::Create);
@@ -264,7 +280,7 @@ void Create(const fs::path& data, const fs::path& file, const std::string& passw
         store.Close();
     }
     progress.Clear();
-    CheckTarget(file, replace);
+    CheckTarget(target, replace);
     temporary.TakePlace();
 }
 

@@ -22,9 +22,9 @@ std::string Padded(const std::string& text, std::size_t width) {
 }  // namespace
 
 void Findings::Add(Severity severity, const std::string& what, const std::string& where,
-                   const std::string& example) {
+                   const std::string& example, std::size_t count) {
     Finding& finding = findings_[{severity, where, what}];
-    ++finding.Count;
+    finding.Count += count;
     if (finding.Examples.size() < kExamples && !example.empty() &&
         std::find(finding.Examples.begin(), finding.Examples.end(), example) == finding.Examples.end()) {
         finding.Examples.push_back(example);

@@ -17,8 +17,8 @@ enum class Severity { Error, Warning };
 /// What a check of a database has found: equal findings are counted, and the first examples kept.
 class Findings {
   public:
-    void Add(Severity severity, const std::string& what, const std::string& where,
-             const std::string& example);
+    void Add(Severity severity, const std::string& what, const std::string& where, const std::string& example,
+             std::size_t count = 1);
     bool Has(Severity severity) const;
     /// A table, the errors first, and a line that sums it up.
     void Print(std::ostream& out, bool warnings) const;

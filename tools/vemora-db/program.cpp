@@ -66,6 +66,7 @@ constexpr const char* kCheckExamples =
     "      Tells it by the exit status alone.";
 
 const std::string kProgram = "vemora-db: ";
+constexpr const char* kOutputLost = "Writing the output failed.";
 
 struct Arguments {
     std::string Data;
@@ -114,7 +115,7 @@ Status RunCheck(const Arguments& arguments, std::ostream& out, Progress& progres
     if (!arguments.Quiet) {
         findings.Print(out, !arguments.NoWarnings);
         if (!out.flush()) {
-            throw platform::Error(platform::errors::DiskNotReady, "Writing the findings failed.", "check");
+            throw platform::Error(platform::errors::DiskNotReady, kOutputLost, "check");
         }
     }
     const bool found =
@@ -171,7 +172,14 @@ Status Run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, out, err) == 0 ? Status::Fine : Status::WrongUsage;
+        if (app.exit(error, out, err) != 0) {
+            return Status::WrongUsage;
+        }
+        if (!out.flush()) {
+            err << kProgram << kOutputLost << '\n';
+            return Status::Failed;
+        }
+        return Status::Fine;
     }
     Progress progress(err, terminal);
     const auto failed = [&](Status status, const std::string& message) {

@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <vector>
 
 #ifdef _WIN32
 #include <io.h>
@@ -57,11 +58,16 @@ bool ErrorsGoToTerminal() {
 }
 
 void CatchInterrupts() {
-    std::signal(SIGINT, [](int) { interrupted = 1; });
-    std::signal(SIGTERM, [](int) { interrupted = 1; });
+    std::vector<int> signals = {SIGINT, SIGTERM};
 #ifdef SIGHUP
-    std::signal(SIGHUP, [](int) { interrupted = 1; });  // the terminal was closed
+    signals.push_back(SIGHUP);  // the terminal was closed
 #endif
+    for (const int one : signals) {
+        // What the caller had ignored, as nohup does, stays so.
+        if (std::signal(one, [](int) { interrupted = 1; }) == SIG_IGN) {
+            std::signal(one, SIG_IGN);
+        }
+    }
 }
 
 }  // namespace vemora_db

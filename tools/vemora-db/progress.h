@@ -42,7 +42,8 @@ class Progress {
 /// Whether what is written to stderr is read by a person.
 bool ErrorsGoToTerminal();
 
-/// From now on the user's interrupt ends the work at the next Progress::Tell, by an Interrupted.
+/// From now on the user's interrupt, or the end of the terminal, ends the work at the next Progress::Tell, by
+/// an Interrupted.
 void CatchInterrupts();
 
 }  // namespace vemora_db
