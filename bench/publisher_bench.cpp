@@ -15,8 +15,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/schema.h"
-#include "platform/store.h"
+#include "platform/store/schema.h"
+#include "platform/store/store.h"
 #include "support.h"
 #include "vemora-db/program.h"
 

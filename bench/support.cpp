@@ -12,10 +12,10 @@
 #include <stdexcept>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/forms/form.h"
-#include "platform/schema.h"
-#include "platform/store.h"
+#include "platform/store/schema.h"
+#include "platform/store/store.h"
 
 namespace bench {
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/desktop.h"
+#include "platform/forms/desktop.h"
 
 struct sqlite3;
 

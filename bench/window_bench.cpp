@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "app/program.h"
-#include "platform/store.h"
+#include "platform/store/store.h"
 #include "qt/desktop.h"
 #include "search/frmMain.h"
 #include "support.h"

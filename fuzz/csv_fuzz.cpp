@@ -10,7 +10,7 @@
 #include <fstream>
 #include <string>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "vemora-db/csv_reader.h"
 #include "vemora-db/failures.h"
 

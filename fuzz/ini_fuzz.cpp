@@ -13,8 +13,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ini.h"
-#include "platform/text.h"
+#include "platform/files/ini.h"
+#include "platform/text/text.h"
 
 namespace {
 

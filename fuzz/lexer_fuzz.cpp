@@ -12,8 +12,8 @@
 #include <string_view>
 
 #include "platform/error.h"
-#include "platform/lexer.h"
-#include "platform/schema.h"
+#include "platform/store/lexer.h"
+#include "platform/store/schema.h"
 
 namespace {
 

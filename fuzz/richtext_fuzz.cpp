@@ -7,7 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/richtext.h"
+#include "platform/richtext/formula.h"
+#include "platform/richtext/rtf.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "platform/error.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace vemora {
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/adodb.h"
+#include "platform/adodb/adodb.h"
 #include "platform/forms/form.h"
 #include "texts/mTexter.h"
 

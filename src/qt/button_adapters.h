@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/forms/controls.h"
+#include "platform/forms/buttons.h"
 #include "qt/adapter.h"
 
 class QAbstractButton;

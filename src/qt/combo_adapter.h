@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/forms/controls.h"
+#include "platform/forms/lists.h"
 #include "qt/adapter.h"
 
 class QComboBox;

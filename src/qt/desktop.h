@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/forms/desktop.h"
 #include "qt/language.h"
 
 class QEventLoop;

@@ -6,7 +6,7 @@
 #include <QFont>
 #include <QWidget>
 
-#include "platform/richtext.h"
+#include "platform/richtext/richtext.h"
 
 namespace qt {
 

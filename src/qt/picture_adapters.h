@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "platform/forms/controls.h"
+#include "platform/forms/formula_box.h"
+#include "platform/forms/pictures.h"
 #include "qt/adapter.h"
 
 namespace qt {

@@ -6,7 +6,7 @@
 #include <QPoint>
 #include <optional>
 
-#include "platform/forms/controls.h"
+#include "platform/forms/text_box.h"
 #include "qt/adapter.h"
 
 class QLineEdit;

@@ -4,7 +4,7 @@
 #include "search/frmMain.h"
 
 #include "platform/error.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "search/search_statement.h"
 #include "sheet/frmChemical.h"
 

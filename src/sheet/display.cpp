@@ -4,7 +4,7 @@
 #include <array>
 
 #include "platform/error.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "sheet/frmChemical.h"
 
 namespace vemora {

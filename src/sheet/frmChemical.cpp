@@ -5,7 +5,7 @@
 
 #include "core/mListViewVem.h"
 #include "platform/error.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace vemora {
 

@@ -4,9 +4,9 @@
 #include "texts/language_files.h"
 
 #include "platform/error.h"
-#include "platform/files.h"
-#include "platform/ini.h"
-#include "platform/text.h"
+#include "platform/files/files.h"
+#include "platform/files/ini.h"
+#include "platform/text/text.h"
 #include "texts/mTexter.h"
 
 namespace vemora {

@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "platform/error.h"
-#include "platform/files.h"
-#include "platform/ini.h"
-#include "platform/text.h"
+#include "platform/files/files.h"
+#include "platform/files/ini.h"
+#include "platform/text/text.h"
 
 namespace vemora {
 

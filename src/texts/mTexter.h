@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/desktop.h"
 #include "platform/error.h"
+#include "platform/forms/desktop.h"
 #include "platform/forms/form.h"
 
 namespace vemora {

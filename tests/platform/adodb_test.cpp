@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/adodb.h"
+#include "platform/adodb/adodb.h"
 
 #include <gtest/gtest.h>
 

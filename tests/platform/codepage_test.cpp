@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/codepage.h"
+#include "platform/text/codepage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/collation.h"
+#include "platform/text/collation.h"
 
 #include <gtest/gtest.h>
 #include <unicode/ucol.h>

@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/ini.h"
+#include "platform/files/ini.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <random>
 #include <string>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace platform {
 namespace {

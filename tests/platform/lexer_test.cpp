@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/lexer.h"
+#include "platform/store/lexer.h"
 
 #include <gtest/gtest.h>
 

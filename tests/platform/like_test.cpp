@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/like.h"
+#include "platform/text/like.h"
 
 #include <gtest/gtest.h>
 #include <unicode/normlzr.h>

@@ -1,7 +1,8 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/richtext.h"
+#include "platform/richtext/formula.h"
+#include "platform/richtext/rtf.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/store.h"
+#include "platform/store/store.h"
 
 #include <gtest/gtest.h>
 

@@ -10,10 +10,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/adodb.h"
+#include "platform/adodb/adodb.h"
 #include "platform/error.h"
-#include "platform/schema.h"
-#include "platform/store.h"
+#include "platform/store/schema.h"
+#include "platform/store/store.h"
 
 namespace test {
 

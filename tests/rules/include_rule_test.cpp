@@ -17,11 +17,34 @@ std::string FirstFolder(const std::string& path) {
     return path.substr(0, path.find('/'));
 }
 
+/// The rooms of the platform and what each looks down on; "platform" is what lies in no room.
+const std::map<std::string, Folders> kRooms = {
+    {"platform", {}},
+    {"text", {}},
+    {"files", {"text"}},
+    {"store", {"text"}},
+    {"adodb", {"text", "files", "store"}},
+    {"richtext", {"text"}},
+    {"forms", {"text", "files", "store", "adodb", "richtext"}},
+};
+
+/// The room of "platform/store/store.h"; "platform" for "platform/error.h".
+std::string RoomOf(const std::string& path) {
+    const auto begin = path.find('/') + 1;
+    const auto end = path.find('/', begin);
+    return end == std::string::npos ? "platform" : path.substr(begin, end - begin);
+}
+
+bool RoomMayInclude(const std::string& file, const std::string& include) {
+    const std::string room = RoomOf(file);
+    const std::string other = RoomOf(include);
+    return other == "platform" || other == room || kRooms.at(room).contains(other);
+}
+
 /// What a file of src may include of the program itself. A window that isn't named here knows its own folder
 /// and what all windows know.
 Folders KnownTo(const std::string& file) {
     static const std::map<std::string, Folders> known = {
-        {"platform", {"platform"}},
         {"texts", {"platform", "texts"}},
         {"core", {"platform", "texts", "core"}},
         {"search", {"platform", "texts", "core", "search", "sheet"}},
@@ -40,6 +63,9 @@ bool MayInclude(const std::string& file, const std::string& include, bool system
             include.starts_with("sqlite3") || include.starts_with("unicode/") || include.starts_with("curl/");
         return (!widgets || desktop) && (!store || folder == "platform");
     }
+    if (folder == "platform") {
+        return FirstFolder(include) == "platform" && RoomMayInclude(file, include);
+    }
     if (folder == "app") {
         return FirstFolder(include) != "qt" || desktop;  // puts everything together
     }
@@ -54,8 +80,13 @@ TEST(IncludeRule, TellsWhatIsForbidden) {
     const struct {
         const char *File, *Include;
         bool System, Allowed;
-    } cases[] = {{"platform/store.cpp", "sqlite3.h", true, true},
-                 {"platform/desktop.h", "core/mMain.h", false, false},
+    } cases[] = {{"platform/store/store.cpp", "sqlite3.h", true, true},
+                 {"platform/error.h", "platform/text/text.h", false, false},
+                 {"platform/text/like.cpp", "platform/error.h", false, true},
+                 {"platform/store/store.cpp", "platform/text/like.h", false, true},
+                 {"platform/store/store.cpp", "platform/adodb/adodb.h", false, false},
+                 {"platform/richtext/rtf.h", "platform/forms/form.h", false, false},
+                 {"platform/forms/desktop.h", "core/mMain.h", false, false},
                  {"platform/forms/form.cpp", "QString", true, false},
                  {"core/mMain.cpp", "texts/mTexter.h", false, true},
                  {"core/mMain.cpp", "texts/frmLang.h", false, false},

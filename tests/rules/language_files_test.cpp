@@ -8,9 +8,9 @@
 #include <set>
 #include <sstream>
 
-#include "platform/codepage.h"
-#include "platform/ini.h"
-#include "platform/text.h"
+#include "platform/files/ini.h"
+#include "platform/text/codepage.h"
+#include "platform/text/text.h"
 #include "rules/sources.h"
 
 namespace {

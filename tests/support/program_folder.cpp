@@ -10,9 +10,9 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/codepage.h"
-#include "platform/files.h"
-#include "platform/text.h"
+#include "platform/files/files.h"
+#include "platform/text/codepage.h"
+#include "platform/text/text.h"
 
 namespace test {
 

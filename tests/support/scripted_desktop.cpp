@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace test {
 

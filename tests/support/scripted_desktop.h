@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/forms/desktop.h"
 #include "platform/forms/form.h"
 
 namespace test {

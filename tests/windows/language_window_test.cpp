@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "support/session.h"
 #include "texts/frmLang.h"
 

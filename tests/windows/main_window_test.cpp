@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "support/session.h"
 
 namespace vemora {

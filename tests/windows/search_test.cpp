@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "search/search_statement.h"
 #include "support/session.h"
 

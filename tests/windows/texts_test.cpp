@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/files.h"
-#include "platform/text.h"
+#include "platform/files/files.h"
+#include "platform/text/text.h"
 #include "support/session.h"
 
 namespace vemora {

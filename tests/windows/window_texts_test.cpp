@@ -5,7 +5,7 @@
 
 #include <map>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "support/session.h"
 
 namespace vemora {

@@ -13,10 +13,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/codepage.h"
 #include "platform/error.h"
-#include "platform/files.h"
-#include "platform/text.h"
+#include "platform/files/files.h"
+#include "platform/text/codepage.h"
+#include "platform/text/text.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/store.h"
+#include "platform/store/store.h"
 #include "vemora-db/findings.h"
 #include "vemora-db/progress.h"
 #include "vemora-db/tables.h"

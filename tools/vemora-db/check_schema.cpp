@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/error.h"
-#include "platform/schema.h"
+#include "platform/store/schema.h"
 #include "vemora-db/check_parts.h"
 
 namespace vemora_db {

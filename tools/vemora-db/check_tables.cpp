@@ -9,7 +9,7 @@
 #include <set>
 #include <string>
 
-#include "platform/collation.h"
+#include "platform/text/collation.h"
 #include "vemora-db/check_parts.h"
 
 namespace vemora_db {

@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "platform/error.h"
-#include "platform/files.h"
-#include "platform/schema.h"
-#include "platform/store.h"
+#include "platform/files/files.h"
+#include "platform/store/schema.h"
+#include "platform/store/store.h"
 #include "vemora-db/create_verdicts.h"
 #include "vemora-db/csv_reader.h"
 #include "vemora-db/failures.h"

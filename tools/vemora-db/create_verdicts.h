@@ -9,7 +9,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "platform/store.h"
+#include "platform/store/store.h"
 #include "vemora-db/progress.h"
 #include "vemora-db/tables.h"
 

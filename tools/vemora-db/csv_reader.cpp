@@ -7,10 +7,10 @@
 
 #include <algorithm>
 
-#include "platform/codepage.h"
 #include "platform/error.h"
-#include "platform/files.h"
-#include "platform/text.h"
+#include "platform/files/files.h"
+#include "platform/text/codepage.h"
+#include "platform/text/text.h"
 #include "vemora-db/failures.h"
 #include "vemora-db/tables.h"
 

@@ -6,7 +6,7 @@
 #include <system_error>
 
 #include "platform/error.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace vemora_db {
 

@@ -10,8 +10,8 @@
 #include <system_error>
 
 #include "platform/error.h"
-#include "platform/files.h"
-#include "platform/store.h"
+#include "platform/files/files.h"
+#include "platform/store/store.h"
 #include "vemora-db/csv_writer.h"
 #include "vemora-db/export_verdicts.h"
 #include "vemora-db/failures.h"

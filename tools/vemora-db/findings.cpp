@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace vemora_db {
 

@@ -8,7 +8,7 @@
 #include <fstream>
 
 #include "platform/error.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "vemora-db/check.h"
 #include "vemora-db/create.h"
 #include "vemora-db/export.h"

@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/richtext.h"
+#include "platform/richtext/formula.h"
+#include "platform/richtext/rtf.h"
 
 namespace vemora_db {
 

@@ -8,10 +8,16 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
-#include "platform/forms/controls.h"
+#include "platform/forms/buttons.h"
+#include "platform/forms/captions.h"
+#include "platform/forms/desktop.h"
+#include "platform/forms/formula_box.h"
 #include "platform/forms/list_view.h"
+#include "platform/forms/lists.h"
+#include "platform/forms/menu.h"
+#include "platform/forms/pictures.h"
 #include "platform/forms/static.h"
+#include "platform/forms/text_box.h"
 
 namespace platform {
 

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "platform/collation.h"
 #include "platform/error.h"
 #include "platform/forms/form.h"
+#include "platform/text/collation.h"
 
 namespace platform {
 

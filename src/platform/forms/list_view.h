@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "platform/forms/control.h"
-#include "platform/forms/controls.h"
+#include "platform/forms/pictures.h"
 
 namespace platform {
 
