@@ -42,8 +42,9 @@ class Adodb : public testing::Test {
         std::string all;
         for (; !rs.Eof(); rs.MoveNext()) {
             std::string row;
-            for (const auto& name : rs.FieldNames())
+            for (const auto& name : rs.FieldNames()) {
                 row += (row.empty() ? "" : "|") + (rs[name].IsNull() ? "~" : rs[name].Text());
+            }
             all += (all.empty() ? "" : "/") + row;
         }
         return all;
@@ -83,7 +84,9 @@ TEST_F(Adodb, RunsTheSystemsStatements) {
         {"SELECT Misc.Egen AS Egen FROM Misc WHERE ID = 1", ""},
         {"SELECT * FROM relMetal WHERE MetalID = 3", "345|-1|7|3|-|0"},
     };
-    for (const auto& [statement, rows] : cases) EXPECT_EQ(Ask(statement), rows) << statement;
+    for (const auto& [statement, rows] : cases) {
+        EXPECT_EQ(Ask(statement), rows) << statement;
+    }
     auto rs = Open(cases[0].first);
     const std::vector<std::string> names = {"IDFält",  "Name", "TheValue", "Description",
                                             "RelEgen", "Egen", "ConcID",   "TempID"};
@@ -121,8 +124,9 @@ TEST_F(Adodb, TellsWhatIsWrongWithAStatement) {
         {"DELETE FROM sqlite_master", errors::BadStatement},
         {"SELECT load_extension('x') FROM Metal", errors::BadStatement},
     };
-    for (const auto& [statement, number] : cases)
+    for (const auto& [statement, number] : cases) {
         EXPECT_EQ(ErrorOf([&, &text = statement] { connection.Execute(text); }), number) << statement;
+    }
     EXPECT_EQ(ErrorOf([&] { Open("DELETE FROM Metal"); }), errors::BadStatement);
     EXPECT_EQ(Ask("SELECT Count(*) AS n FROM Metal"), "3");
 }
@@ -343,7 +347,9 @@ TEST_F(Adodb, RunsManyRecordSetsAtOnce) {
         connection.Execute("UPDATE Metal SET Med = 0 WHERE ID = " + inner["ID"].Text());
         seen += outer["ID"].Text() + Rest(inner) + " ";
         // More texts than are kept, while this one runs.
-        for (int i = 0; i < 300; ++i) Ask("SELECT ID FROM Temp WHERE ID = " + std::to_string(i));
+        for (int i = 0; i < 300; ++i) {
+            Ask("SELECT ID FROM Temp WHERE ID = " + std::to_string(i));
+        }
     }
     EXPECT_EQ(seen, "11/2/3 21/2/3 31/2/3 ");
     Recordset moved = std::move(outer);

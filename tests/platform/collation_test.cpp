@@ -20,13 +20,16 @@ int Sign(int value) {
 TEST(Collation, OrdersAsSwedishReadersExpect) {
     const std::vector<std::string> order = {"",       " ",   "-",    "10",   "2",     "20ºC",   "aceton",
                                             "Bensin", "bly", "zink", "Ånga", "äpple", "Ättika", "ö"};
-    for (std::size_t i = 0; i + 1 < order.size(); ++i)
+    for (std::size_t i = 0; i + 1 < order.size(); ++i) {
         EXPECT_LT(Compare(order[i], order[i + 1]), 0) << order[i] << " | " << order[i + 1];
+    }
     for (const auto& [left, right] :
-         {std::pair("SVAVELSYRA", "svavelsyra"), {"ÅÄÖ", "åäö"}, {"A\xCC\x8A", "å"}})
+         {std::pair("SVAVELSYRA", "svavelsyra"), {"ÅÄÖ", "åäö"}, {"A\xCC\x8A", "å"}}) {
         EXPECT_EQ(Compare(left, right), 0) << left;
-    for (const auto& [left, right] : {std::pair("o", "ö"), {"e", "é"}, {"a", "a "}, {"+", "-"}, {"", " "}})
+    }
+    for (const auto& [left, right] : {std::pair("o", "ö"), {"e", "é"}, {"a", "a "}, {"+", "-"}, {"", " "}}) {
         EXPECT_NE(Compare(left, right), 0) << left;
+    }
 }
 
 // The short cut for ASCII, the keys and the library must agree on every text.
@@ -38,10 +41,15 @@ TEST(Collation, ShortCutAndKeysAgreeWithTheLibrary) {
     ASSERT_TRUE(U_SUCCESS(status));
 
     std::vector<std::string> signs;
-    for (char c = 0; c < 127; ++c) signs.emplace_back(1, c);
+    for (char c = 0; c < 127; ++c) {
+        signs.emplace_back(1, c);
+    }
     for (const char* other : {"å", "Å", "ä", "é", "æ", "ß", "ö", "\u030A", "\u0301", "\u0327", "·", "–", "º",
-                              "₂", "\u00AD", "\u3042", "\U0001F600", "\xC3", "\xFF"})
-        for (int weight = 0; weight < 3; ++weight) signs.emplace_back(other);
+                              "₂", "\u00AD", "\u3042", "\U0001F600", "\xC3", "\xFF"}) {
+        for (int weight = 0; weight < 3; ++weight) {
+            signs.emplace_back(other);
+        }
+    }
     std::mt19937 random(2);
     const auto check = [&](const std::string& left, const std::string& right) {
         UErrorCode ignored = U_ZERO_ERROR;
@@ -51,21 +59,30 @@ TEST(Collation, ShortCutAndKeysAgreeWithTheLibrary) {
         ASSERT_EQ(Sign(SortKey(left).compare(SortKey(right))), expected) << left << " | " << right;
     };
     // Every pair of characters, alone and with the same before or behind them.
-    for (const auto& a : signs)
+    for (const auto& a : signs) {
         for (const auto& b : signs) {
             check(a, b);
             check("l" + a, "L" + b);
             check(a + "\u030A", b);
         }
+    }
     for (int i = 0; i < 200000; ++i) {
         std::string left, right;
-        for (auto n = random() % 4; n > 0; --n) right += signs[random() % signs.size()];
+        for (auto n = random() % 4; n > 0; --n) {
+            right += signs[random() % signs.size()];
+        }
         left = right;
         const auto at = random() % (left.size() + 1);
-        if (random() % 2) left.resize(at);
-        for (auto n = random() % 3; n > 0; --n) left += signs[random() % signs.size()];
+        if (random() % 2) {
+            left.resize(at);
+        }
+        for (auto n = random() % 3; n > 0; --n) {
+            left += signs[random() % signs.size()];
+        }
         check(left, right);
-        if (HasFatalFailure()) return;
+        if (HasFatalFailure()) {
+            return;
+        }
     }
 }
 

@@ -52,8 +52,9 @@ TEST(Lexer, RefusesWhatIsNoSingleStatement) {
         std::string("SELECT 'a\0b'", 12),
         "SELECT " + std::string(5000, '(') + "1" + std::string(5000, ')'),
     };
-    for (const auto& statement : cases)
+    for (const auto& statement : cases) {
         EXPECT_EQ(ErrorOf([&] { ToStoreSql(statement); }), errors::BadStatement) << statement;
+    }
 }
 
 /// The one row of a statement, its fields joined by "|", Null as "~"; the number of the failure.
@@ -62,8 +63,9 @@ std::string Ask(adodb::Connection& connection, const std::string& statement) {
     const long failed = ErrorOf([&] {
         adodb::Recordset rs;
         rs.Open(statement, connection);
-        for (const auto& name : rs.FieldNames())
+        for (const auto& name : rs.FieldNames()) {
             row += (row.empty() ? "" : "|") + (rs[name].IsNull() ? "~" : rs[name].Text());
+        }
     });
     return failed == 0 ? row : std::to_string(failed);
 }
@@ -101,9 +103,10 @@ TEST(Lexer, GivesTheOperatorsTheirMeaning) {
         {"Name AS [a b]", "Stål"},
         {".5 + 1e1", "10.5"},
     };
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
         EXPECT_EQ(Ask(connection, "Select " + c.Expression + " From Metal Where ID = 7 ;"), c.Result)
             << c.Expression;
+    }
 }
 
 }  // namespace

@@ -64,19 +64,25 @@ TEST(Like, MatchesAsTheSystemDoes) {
         {"\xFF\xC3", "%\xFF%", true},
         {std::string("a\0b", 3), "%b", true},
     };
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
         EXPECT_EQ(Like(c.Text, c.Pattern), c.Matches) << c.Text << " LIKE " << c.Pattern;
+    }
 }
 
 /// The rule without any care for speed.
 bool Naive(const icu::UnicodeString& text, int t, const icu::UnicodeString& pattern, int p) {
-    if (p == pattern.length()) return t == text.length();
+    if (p == pattern.length()) {
+        return t == text.length();
+    }
     const auto c = pattern.char32At(p);
     const int next = pattern.moveIndex32(p, 1);
-    if (c == '%')
+    if (c == '%') {
         return Naive(text, t, pattern, next) ||
                (t < text.length() && Naive(text, text.moveIndex32(t, 1), pattern, p));
-    if (t == text.length()) return false;
+    }
+    if (t == text.length()) {
+        return false;
+    }
     const bool same = c == '_' || u_foldCase(c, 0) == u_foldCase(text.char32At(t), 0);
     return same && Naive(text, text.moveIndex32(t, 1), pattern, next);
 }
@@ -87,7 +93,9 @@ TEST(Like, AgreesWithThePlainRule) {
     std::mt19937 random(1);
     const auto make = [&](std::size_t longest) {
         std::string made;
-        for (auto left = random() % (longest + 1); left > 0; --left) made += signs[random() % signs.size()];
+        for (auto left = random() % (longest + 1); left > 0; --left) {
+            made += signs[random() % signs.size()];
+        }
         return made;
     };
     const auto composed = [](const std::string& text) {
@@ -110,7 +118,9 @@ TEST(Like, AgreesWithThePlainRule) {
 
 TEST(Like, EndsSoonOnAHeavyPattern) {
     std::string many;
-    for (int i = 0; i < 2000; ++i) many += "%a";
+    for (int i = 0; i < 2000; ++i) {
+        many += "%a";
+    }
     EXPECT_FALSE(Like(std::string(5000, 'a') + "b", many + "%c"));
     const std::string literal(100000, 'x');
     EXPECT_TRUE(Like("y" + literal, "%" + literal + "%"));

@@ -30,7 +30,9 @@ long OpenError(const fs::path& file, std::string_view password = kPassword,
 
 std::set<std::string> FilesIn(const fs::path& folder) {
     std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().string());
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        names.insert(entry.path().filename().string());
+    }
     return names;
 }
 
@@ -79,8 +81,9 @@ TEST(Store, LeavesAFileAloneThatItCannotOpen) {
     };
     for (const auto& c : cases) {
         Write(database.File(), c.Bytes);
-        for (const auto access : {Access::Exclusive, Access::ReadOnly})
+        for (const auto access : {Access::Exclusive, Access::ReadOnly}) {
             EXPECT_EQ(OpenError(database.File(), c.Password, access), c.Number) << c.What;
+        }
         EXPECT_EQ(ReadAll(database.File()), c.Bytes) << c.What;
         EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile) << c.What;
     }
@@ -124,7 +127,9 @@ TEST(Store, IsOneProgramsAlone) {
             EXPECT_EQ(OpenError(database.File(), kPassword, Access::ReadOnly), errors::StoreFailed);
 #ifndef _WIN32
             const pid_t other = fork();
-            if (other == 0) _exit(OpenError(database.File()) == errors::StoreFailed ? 7 : 1);
+            if (other == 0) {
+                _exit(OpenError(database.File()) == errors::StoreFailed ? 7 : 1);
+            }
             int status = 0;
             waitpid(other, &status, 0);
             EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7);
@@ -191,9 +196,13 @@ TEST(Store, RefusesWhatItCannotWrite) {
         fs::permissions(database.File(), file);
     };
     const auto error = [&](Access access) {
-        if (super && seteuid(65534) != 0) return 0L;
+        if (super && seteuid(65534) != 0) {
+            return 0L;
+        }
         const long number = OpenError(database.File(), kPassword, access);
-        if (super && seteuid(0) != 0) std::abort();
+        if (super && seteuid(0) != 0) {
+            std::abort();
+        }
         return number;
     };
     constexpr auto kRead = fs::perms(0555), kAll = fs::perms(0777);

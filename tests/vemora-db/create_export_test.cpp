@@ -142,7 +142,9 @@ TEST(Create, ReplacesOnlyWhenToldAndOnlyWhenItWorks) {
 TEST(Create, LeavesNothingWhenTheTerminalIsClosed) {
     const Publisher publisher;
     std::string rows = publisher.Read("data/temperatures.csv");
-    for (int id = 4; id < 1000; ++id) rows += std::to_string(id) + "," + std::to_string(id) + "ºC,0,-1\n";
+    for (int id = 4; id < 1000; ++id) {
+        rows += std::to_string(id) + "," + std::to_string(id) + "ºC,0,-1\n";
+    }
     publisher.Write("data/temperatures.csv", rows);
     const auto hangUp = [&](void (*before)(int)) {
         std::signal(SIGHUP, before);

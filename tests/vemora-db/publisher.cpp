@@ -44,11 +44,15 @@ std::string Materials() {
 std::string Verdicts(const Class& one) {
     const auto cells = [&](std::string_view first, std::string_view others) {
         std::string text(first);
-        for (std::size_t i = 1; i < one.IDs.size(); ++i) text.append(",").append(others);
+        for (std::size_t i = 1; i < one.IDs.size(); ++i) {
+            text.append(",").append(others);
+        }
         return text;
     };
     std::string keys;
-    for (const int id : one.IDs) keys += one.Name + "-" + std::to_string(id) + ",";
+    for (const int id : one.IDs) {
+        keys += one.Name + "-" + std::to_string(id) + ",";
+    }
     return "ChemID,Chemical,ConcID,Concentration,TempID,Temperature," + keys + "Source\n" +  //
            "1,Svavelsyra,-1,,1,20ºC," + cells("+", "0*") + ",S1\n" + "1,Svavelsyra,1,10 %,1,20ºC," +
            cells("+", "0") + ",S3 ≤\n" + "1,Svavelsyra,1,10 %,2,60ºC," + cells("-*", "_") + ",\"S1, S2\"\n" +
@@ -73,7 +77,9 @@ Publisher::Publisher() {
           "1,10 %,10 % sol.,10 % Lsg.,0,-1\n2,mättad,saturated,gesättigt,0,0\n");
     Write("data/temperatures.csv", "ID,Temp,Egen,Med\n1,20ºC,0,-1\n2,60ºC,0,-1\n3,80ºC,-1,-1\n");
     Write("data/materials.csv", Materials());
-    for (const Class& one : Classes()) Write("data/" + one.File, Verdicts(one));
+    for (const Class& one : Classes()) {
+        Write("data/" + one.File, Verdicts(one));
+    }
 }
 
 Outcome Publisher::Run(const std::vector<std::string>& arguments) const {
@@ -83,7 +89,9 @@ Outcome Publisher::Run(const std::vector<std::string>& arguments) const {
         full.push_back(argument.starts_with('/') ? std::string(place.begin(), place.end()) : argument);
     }
     std::vector<const char*> argv;
-    for (const std::string& argument : full) argv.push_back(argument.c_str());
+    for (const std::string& argument : full) {
+        argv.push_back(argument.c_str());
+    }
     std::ostringstream out;
     std::ostringstream err;
     const Status exit = vemora_db::Run(static_cast<int>(argv.size()), argv.data(), out, err, false);
@@ -117,8 +125,9 @@ std::map<std::string, std::string> Publisher::Csv(std::string_view folder) const
 
 std::vector<std::string> Publisher::Files() const {
     std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(Folder()))
+    for (const auto& entry : fs::directory_iterator(Folder())) {
         names.push_back(entry.path().filename().string());
+    }
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -133,7 +142,9 @@ std::string Publisher::Rows(std::string_view database) const {
     platform::Store store(Path(database), kPassword, platform::Store::Access::ReadOnly);
     std::vector<std::string> tables;
     auto names = store.Prepare("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name");
-    while (names.Step()) tables.emplace_back(names.Text(0));
+    while (names.Step()) {
+        tables.emplace_back(names.Text(0));
+    }
     std::ostringstream out;
     for (const std::string& table : tables) {
         auto rows = store.Prepare("SELECT * FROM [" + table + "]");

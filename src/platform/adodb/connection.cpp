@@ -33,7 +33,9 @@ bool IsKnownFunction(const char* name) {
 /// Lets a running program read and change rows and nothing else.
 int Authorize(void* context, int action, const char* first, const char* second, const char*,
               const char*) noexcept {
-    if (static_cast<const ConnectionImpl*>(context)->trusted) return SQLITE_OK;
+    if (static_cast<const ConnectionImpl*>(context)->trusted) {
+        return SQLITE_OK;
+    }
     switch (action) {
         case SQLITE_SELECT:
             return SQLITE_OK;
@@ -66,9 +68,10 @@ std::filesystem::path FileOf(const std::string& connectionString) {
     const std::string_view text = connectionString;
     const bool given = text.size() > kKey.size() &&
                        sqlite3_strnicmp(text.data(), kKey.data(), static_cast<int>(kKey.size())) == 0;
-    if (!given)
+    if (!given) {
         throw Error(errors::StoreFailed, "Opening the database failed: the connection string names no file.",
                     kSource);
+    }
     const auto file = PathFromUtf8(text.substr(kKey.size()));
     return FindFile(file.parent_path(), Utf8FromPath(file.filename())).value_or(file);
 }
@@ -77,7 +80,9 @@ std::filesystem::path FileOf(const std::string& connectionString) {
 
 std::optional<Statement> StatementCache::Take(const std::string& text) {
     const auto found = index_.find(text);
-    if (found == index_.end()) return std::nullopt;
+    if (found == index_.end()) {
+        return std::nullopt;
+    }
     const auto entry = found->second;
     index_.erase(found);
     std::optional<Statement> statement(std::move(entry->second));
@@ -86,7 +91,9 @@ std::optional<Statement> StatementCache::Take(const std::string& text) {
 }
 
 void StatementCache::Give(const std::string& text, Statement statement) {
-    if (text.size() > kLongestKept || index_.contains(text)) return;  // one is enough
+    if (text.size() > kLongestKept || index_.contains(text)) {
+        return;  // one is enough
+    }
     entries_.emplace_front(text, std::move(statement));
     index_.emplace(entries_.front().first, entries_.begin());
     if (entries_.size() > kKept) {
@@ -101,12 +108,16 @@ void StatementCache::Clear() {
 }
 
 Statement ConnectionImpl::Acquire(const std::string& text) {
-    if (auto kept = cache.Take(text)) return std::move(*kept);
+    if (auto kept = cache.Take(text)) {
+        return std::move(*kept);
+    }
     return Statement(*store, ToStoreSql(text));
 }
 
 Statement ConnectionImpl::AcquireOwn(const std::string& sql) {
-    if (auto kept = cache.Take(kOwnMark + sql)) return std::move(*kept);
+    if (auto kept = cache.Take(kOwnMark + sql)) {
+        return std::move(*kept);
+    }
     const Trust trust(trusted);
     return Statement(*store, sql);
 }
@@ -125,33 +136,43 @@ void ConnectionImpl::ReleaseOwn(const std::string& sql, Statement statement) {
 
 const TableKey& ConnectionImpl::Key(const std::string& table) {
     const auto known = tables.find(table);
-    if (known != tables.end()) return known->second;
+    if (known != tables.end()) {
+        return known->second;
+    }
     TableKey key;
     std::string type;
     const std::string sql = "PRAGMA table_info([" + table + "])";
     Statement ask = AcquireOwn(sql);
     std::map<std::int64_t, std::string> parts;
     while (ask.Step()) {
-        if (ask.Integer(5) == 0) continue;
+        if (ask.Integer(5) == 0) {
+            continue;
+        }
         parts[ask.Integer(5)] = ask.Text(1);
         type = ask.Text(2);
     }
-    for (auto& part : parts) key.columns.push_back(std::move(part.second));
-    if (key.columns.size() == 1 && sqlite3_stricmp(type.c_str(), "INTEGER") == 0)
+    for (auto& part : parts) {
+        key.columns.push_back(std::move(part.second));
+    }
+    if (key.columns.size() == 1 && sqlite3_stricmp(type.c_str(), "INTEGER") == 0) {
         key.generated = key.columns.front();
+    }
     return tables.emplace(table, std::move(key)).first->second;
 }
 
 Connection::Connection() : impl_(std::make_unique<ConnectionImpl>()) {}
 
 Connection::~Connection() {
-    for (auto* recordset : std::exchange(impl_->open, {})) recordset->Shut();
+    for (auto* recordset : std::exchange(impl_->open, {})) {
+        recordset->Shut();
+    }
 }
 
 void Connection::Open() {
-    if (IsOpen())
+    if (IsOpen()) {
         throw Error(errors::ObjectOpen, "Opening the database failed: the connection is open already.",
                     kSource);
+    }
     const auto password = Properties.find("Jet OLEDB:Database Password");
     auto store = std::make_unique<Store>(FileOf(ConnectionString),
                                          password == Properties.end() ? std::string_view() : password->second,
@@ -166,7 +187,9 @@ void Connection::Open() {
 }
 
 void Connection::Close() {
-    if (!IsOpen()) throw Error(errors::ObjectClosed, "Closing the database failed: it is not open.", kSource);
+    if (!IsOpen()) {
+        throw Error(errors::ObjectClosed, "Closing the database failed: it is not open.", kSource);
+    }
     // Telling an observer may open and close others.
     while (!impl_->open.empty()) {
         auto* recordset = *impl_->open.begin();
@@ -185,8 +208,9 @@ bool Connection::IsOpen() const {
 }
 
 void Connection::Execute(std::string_view statement) {
-    if (!IsOpen())
+    if (!IsOpen()) {
         throw Error(errors::ObjectClosed, "Running a statement failed: the database is not open.", kSource);
+    }
     const std::string text(statement);
     Statement run = impl_->Acquire(text);
     run.Step();

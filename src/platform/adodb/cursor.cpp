@@ -19,16 +19,18 @@ std::string Quoted(const std::string& name) {
 }  // namespace
 
 void RecordsetImpl::CheckOpen(std::string_view doing) const {
-    if (connection == nullptr)
+    if (connection == nullptr) {
         throw Error(errors::ObjectClosed, std::string(doing) + " failed: the record set is not open.",
                     kSource);
+    }
 }
 
 void RecordsetImpl::CheckWritable(std::string_view doing) const {
     CheckOpen(doing);
-    if (lockType == adLockReadOnly)
+    if (lockType == adLockReadOnly) {
         throw Error(errors::NotSupported, std::string(doing) + " failed: the record set is only for reading.",
                     kSource);
+    }
 }
 
 void RecordsetImpl::NoCurrent(std::string_view doing) {
@@ -41,9 +43,10 @@ void RecordsetImpl::Load() {
         running->Reset();
     } else {
         running = connection->Acquire(source);
-        if (running->Columns() == 0)
+        if (running->Columns() == 0) {
             throw Error(errors::BadStatement, "Opening a record set failed: the statement has no rows.",
                         kSource);
+        }
         DescribeColumns(*running);
     }
     connection->open.insert(this);
@@ -55,14 +58,18 @@ void RecordsetImpl::Load() {
         return;
     }
     rows = Rows(columns.size());
-    while (running->Step()) rows.Append(*running);
+    while (running->Step()) {
+        rows.Append(*running);
+    }
     place = rows.Count() > 0 ? Place::Row : Place::After;
     connection->Release(source, std::move(*running));
     running.reset();
 }
 
 void RecordsetImpl::Shut() noexcept {
-    if (connection == nullptr) return;
+    if (connection == nullptr) {
+        return;
+    }
     connection->open.erase(this);
     if (running) {
         try {
@@ -85,8 +92,11 @@ void RecordsetImpl::Notify() {
     std::erase_if(observers, [](const auto& observer) { return observer.expired(); });
     // What is told may subscribe and end subscriptions, its own among them.
     const auto told = observers;
-    for (const auto& observer : told)
-        if (const auto moved = observer.lock()) (*moved)();
+    for (const auto& observer : told) {
+        if (const auto moved = observer.lock()) {
+            (*moved)();
+        }
+    }
 }
 
 void RecordsetImpl::DescribeColumns(const Statement& statement) {
@@ -98,15 +108,18 @@ void RecordsetImpl::DescribeColumns(const Statement& statement) {
         // Out of a join in brackets a column comes with its table in front.
         const auto suffix = "." + column.origin;
         if (!column.origin.empty() && column.name.size() > suffix.size() &&
-            sqlite3_stricmp(column.name.c_str() + column.name.size() - suffix.size(), suffix.c_str()) == 0)
+            sqlite3_stricmp(column.name.c_str() + column.name.size() - suffix.size(), suffix.c_str()) == 0) {
             column.name = column.origin;
+        }
         columns.push_back(std::move(column));
     }
 }
 
 void RecordsetImpl::StepStream() {
     place = Place::After;  // also when the step fails
-    if (running->Step()) place = Place::Row;
+    if (running->Step()) {
+        place = Place::Row;
+    }
 }
 
 void RecordsetImpl::NextRow() {
@@ -116,43 +129,58 @@ void RecordsetImpl::NextRow() {
         return;
     }
     // The row behind a deleted one stands in its place already.
-    if (place == Place::Row)
+    if (place == Place::Row) {
         ++position;
-    else if (place == Place::Before)
+    } else if (place == Place::Before) {
         position = 0;
+    }
     place = position < rows.Count() ? Place::Row : Place::After;
 }
 
 std::size_t RecordsetImpl::Find(std::string_view name) const {
     const auto exact =
         std::find_if(columns.begin(), columns.end(), [&](const auto& c) { return c.name == name; });
-    if (exact != columns.end()) return static_cast<std::size_t>(exact - columns.begin());
+    if (exact != columns.end()) {
+        return static_cast<std::size_t>(exact - columns.begin());
+    }
     const auto found = std::find_if(columns.begin(), columns.end(),
                                     [&](const auto& c) { return EqualIgnoringCase(c.name, name); });
-    if (found == columns.end())
+    if (found == columns.end()) {
         throw Error(errors::NoSuchField,
                     "Reading a field failed: the record set has none named " + std::string(name) + ".",
                     kSource);
+    }
     return static_cast<std::size_t>(found - columns.begin());
 }
 
 Value RecordsetImpl::Get(std::size_t column) const {
     CheckOpen("Reading a field");
-    if (column >= columns.size()) NoCurrent("Reading a field");
-    if (assigned[column]) return *assigned[column];
-    if (adding) return {};
-    if (place != Place::Row) NoCurrent("Reading a field");
+    if (column >= columns.size()) {
+        NoCurrent("Reading a field");
+    }
+    if (assigned[column]) {
+        return *assigned[column];
+    }
+    if (adding) {
+        return {};
+    }
+    if (place != Place::Row) {
+        NoCurrent("Reading a field");
+    }
     return stream ? running->Column(static_cast<int>(column)) : rows.Get(position, column);
 }
 
 void RecordsetImpl::Set(std::size_t column, const Value& value) {
     CheckWritable("Writing a field");
-    if (column >= columns.size() || (!adding && place != Place::Row)) NoCurrent("Writing a field");
-    if (columns[column].origin.empty())
+    if (column >= columns.size() || (!adding && place != Place::Row)) {
+        NoCurrent("Writing a field");
+    }
+    if (columns[column].origin.empty()) {
         throw Error(
             errors::NotSupported,
             "Writing a field failed: " + columns[column].name + " is computed and has no place of its own.",
             kSource);
+    }
     assigned[column] = value;
 }
 
@@ -161,25 +189,29 @@ bool RecordsetImpl::Assigned() const {
 }
 
 void RecordsetImpl::Drop() {
-    if (adding) place = placeBefore;
+    if (adding) {
+        place = placeBefore;
+    }
     adding = false;
     assigned.assign(columns.size(), std::nullopt);
 }
 
 void RecordsetImpl::Save() {
-    if (adding)
+    if (adding) {
         WriteNew();
-    else
+    } else {
         WriteEdit();
+    }
     adding = false;
     assigned.assign(columns.size(), std::nullopt);
 }
 
 void RecordsetImpl::Settle() {
-    if (Assigned())
+    if (Assigned()) {
         Save();
-    else if (adding)
+    } else if (adding) {
         Drop();
+    }
 }
 
 std::string RecordsetImpl::KeyCondition(const std::string& table, std::vector<Value>& values) const {
@@ -188,57 +220,73 @@ std::string RecordsetImpl::KeyCondition(const std::string& table, std::vector<Va
     for (const auto& part : key.columns) {
         const auto column = std::find_if(columns.begin(), columns.end(),
                                          [&](const auto& c) { return c.table == table && c.origin == part; });
-        if (column == columns.end())
+        if (column == columns.end()) {
             throw Error(errors::NotSupported,
                         "Writing a row failed: the statement lacks its key column " + part + ".", kSource);
+        }
         condition += (condition.empty() ? "" : " AND ") + Quoted(part) + " = ?";
         values.push_back(rows.Get(position, static_cast<std::size_t>(column - columns.begin())));
     }
-    if (condition.empty())
+    if (condition.empty()) {
         throw Error(errors::NotSupported, "Writing a row failed: its table has no key.", kSource);
+    }
     return condition;
 }
 
 void RecordsetImpl::Run(const std::string& sql, const std::vector<Value>& values) {
     Statement statement = connection->AcquireOwn(sql);
-    for (std::size_t i = 0; i < values.size(); ++i) statement.Bind(static_cast<int>(i), values[i]);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        statement.Bind(static_cast<int>(i), values[i]);
+    }
     statement.Step();
     connection->ReleaseOwn(sql, std::move(statement));
 }
 
 void RecordsetImpl::WriteEdit() {
     std::vector<std::string> tables;
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        if (assigned[i] && std::find(tables.begin(), tables.end(), columns[i].table) == tables.end())
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (assigned[i] && std::find(tables.begin(), tables.end(), columns[i].table) == tables.end()) {
             tables.push_back(columns[i].table);
+        }
+    }
     for (const auto& table : tables) {
         std::string sql = "UPDATE " + Quoted(table) + " SET ";
         std::vector<Value> values;
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (!assigned[i] || columns[i].table != table) continue;
+            if (!assigned[i] || columns[i].table != table) {
+                continue;
+            }
             sql += (values.empty() ? "" : ", ") + Quoted(columns[i].origin) + " = ?";
             values.push_back(*assigned[i]);
         }
         sql += " WHERE " + KeyCondition(table, values);
         Run(sql, values);
-        if (sqlite3_changes(connection->store->Handle()) == 0)
+        if (sqlite3_changes(connection->store->Handle()) == 0) {
             throw Error(errors::StoreFailed, "Saving a row failed: it is no longer in the table.", kSource);
+        }
     }
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        if (assigned[i]) rows.Set(position, i, *assigned[i]);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (assigned[i]) {
+            rows.Set(position, i, *assigned[i]);
+        }
+    }
 }
 
 std::string RecordsetImpl::OnlyTable() const {
     std::string table;
     for (const auto& column : columns) {
-        if (column.table.empty() || column.table == table) continue;
-        if (!table.empty())
+        if (column.table.empty() || column.table == table) {
+            continue;
+        }
+        if (!table.empty()) {
             throw Error(errors::NotSupported, "Writing a row failed: its fields come from several tables.",
                         kSource);
+        }
         table = column.table;
     }
-    if (table.empty())
+    if (table.empty()) {
         throw Error(errors::NotSupported, "Writing a row failed: it comes from no table.", kSource);
+    }
     return table;
 }
 
@@ -248,7 +296,9 @@ void RecordsetImpl::WriteNew() {
     std::string places;
     std::vector<Value> values;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!assigned[i]) continue;
+        if (!assigned[i]) {
+            continue;
+        }
         names += (names.empty() ? "" : ", ") + Quoted(columns[i].origin);
         places += places.empty() ? "?" : ", ?";
         values.push_back(*assigned[i]);
@@ -260,30 +310,40 @@ void RecordsetImpl::WriteNew() {
     position = rows.Count() - 1;
     place = Place::Row;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!generated.empty() && columns[i].origin == generated)
+        if (!generated.empty() && columns[i].origin == generated) {
             rows.Set(position, i, connection->store->LastInsertedID());
-        else if (assigned[i])
+        } else if (assigned[i]) {
             rows.Set(position, i, *assigned[i]);
+        }
     }
     const auto& key = connection->Key(table).columns;
     const bool whole = std::all_of(key.begin(), key.end(), [&](const auto& part) {
         return std::any_of(columns.begin(), columns.end(), [&](const auto& c) { return c.origin == part; });
     });
-    if (whole && !key.empty()) ReadDefaults(table);
+    if (whole && !key.empty()) {
+        ReadDefaults(table);
+    }
 }
 
 void RecordsetImpl::ReadDefaults(const std::string& table) {
     std::string names;
-    for (const auto& column : columns)
+    for (const auto& column : columns) {
         names += (names.empty() ? "" : ", ") + (column.origin.empty() ? "NULL" : Quoted(column.origin));
+    }
     std::vector<Value> values;
     const std::string condition = KeyCondition(table, values);
     const std::string sql = "SELECT " + names + " FROM " + Quoted(table) + " WHERE " + condition;
     Statement statement = connection->AcquireOwn(sql);
-    for (std::size_t i = 0; i < values.size(); ++i) statement.Bind(static_cast<int>(i), values[i]);
-    if (statement.Step())
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            if (!assigned[i]) rows.Set(position, i, statement.Column(static_cast<int>(i)));
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        statement.Bind(static_cast<int>(i), values[i]);
+    }
+    if (statement.Step()) {
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (!assigned[i]) {
+                rows.Set(position, i, statement.Column(static_cast<int>(i)));
+            }
+        }
+    }
     connection->ReleaseOwn(sql, std::move(statement));
 }
 

@@ -10,8 +10,9 @@ namespace platform::adodb {
 namespace {
 
 RecordsetImpl& Need(const std::unique_ptr<RecordsetImpl>& impl) {
-    if (!impl)
+    if (!impl) {
         throw Error(errors::NoObject, "Using a record set failed: it was handed to someone else.", kSource);
+    }
     return *impl;
 }
 
@@ -22,7 +23,9 @@ RecordsetImpl& Need(const std::unique_ptr<RecordsetImpl>& impl) {
 /// A stream has no row behind it and does not know its last one.
 void CheckScrollable(const RecordsetImpl& rs, std::string_view doing) {
     rs.CheckOpen(doing);
-    if (rs.stream) Fail(errors::NotAllowedNow, doing, "the record set only goes forward");
+    if (rs.stream) {
+        Fail(errors::NotAllowedNow, doing, "the record set only goes forward");
+    }
 }
 
 struct Criterion {
@@ -34,7 +37,9 @@ struct Criterion {
 Criterion ParseCriterion(std::string_view text) {
     const auto trim = [](std::string_view part) {
         const auto first = part.find_first_not_of(' ');
-        if (first == std::string_view::npos) return std::string_view();
+        if (first == std::string_view::npos) {
+            return std::string_view();
+        }
         return part.substr(first, part.find_last_not_of(' ') - first + 1);
     };
     const auto equals = text.find('=');
@@ -42,8 +47,9 @@ Criterion ParseCriterion(std::string_view text) {
     const auto digits = equals == std::string_view::npos ? std::string_view() : trim(text.substr(equals + 1));
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), criterion.number);
     if (criterion.name.empty() || digits.empty() || read.ec != std::errc() ||
-        read.ptr != digits.data() + digits.size())
+        read.ptr != digits.data() + digits.size()) {
         Fail(errors::BadArgument, "Finding a row", "the criterion is not a field, \"=\" and a number");
+    }
     return criterion;
 }
 
@@ -64,11 +70,16 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 Recordset::~Recordset() = default;
 
 void Recordset::Open(std::string_view source, Connection& connection, int cursorType, int lockType) {
-    if (!impl_) impl_ = std::make_unique<RecordsetImpl>();
+    if (!impl_) {
+        impl_ = std::make_unique<RecordsetImpl>();
+    }
     auto& rs = *impl_;
-    if (rs.connection != nullptr) Fail(errors::ObjectOpen, "Opening a record set", "it is open already");
-    if (!connection.IsOpen())
+    if (rs.connection != nullptr) {
+        Fail(errors::ObjectOpen, "Opening a record set", "it is open already");
+    }
+    if (!connection.IsOpen()) {
         Fail(errors::ConnectionClosed, "Opening a record set", "the database is not open");
+    }
     rs.source = source;
     rs.lockType = lockType;
     rs.stream = cursorType == adOpenForwardOnly && lockType == adLockReadOnly;
@@ -89,7 +100,9 @@ bool Recordset::IsOpen() const {
 void Recordset::Close() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Closing a record set");
-    if (rs.Pending()) Fail(errors::NotAllowedNow, "Closing a record set", "a row in it is not saved yet");
+    if (rs.Pending()) {
+        Fail(errors::NotAllowedNow, "Closing a record set", "a row in it is not saved yet");
+    }
     rs.Shut();
     rs.Notify();
 }
@@ -118,7 +131,9 @@ std::vector<std::string> Recordset::FieldNames() const {
     const auto& rs = Need(impl_);
     rs.CheckOpen("Listing the fields");
     std::vector<std::string> names;
-    for (const auto& column : rs.columns) names.push_back(column.name);
+    for (const auto& column : rs.columns) {
+        names.push_back(column.name);
+    }
     return names;
 }
 
@@ -127,12 +142,16 @@ void Recordset::MoveFirst() {
     rs.CheckOpen("Moving to the first row");
     rs.Settle();
     if (rs.stream) {
-        if (rs.place != RecordsetImpl::Place::Row || rs.position != 0) rs.Load();
+        if (rs.place != RecordsetImpl::Place::Row || rs.position != 0) {
+            rs.Load();
+        }
     } else {
         rs.position = 0;
         rs.place = rs.rows.Count() > 0 ? RecordsetImpl::Place::Row : RecordsetImpl::Place::After;
     }
-    if (rs.place == RecordsetImpl::Place::After) RecordsetImpl::NoCurrent("Moving to the first row");
+    if (rs.place == RecordsetImpl::Place::After) {
+        RecordsetImpl::NoCurrent("Moving to the first row");
+    }
     rs.Notify();
 }
 
@@ -140,7 +159,9 @@ void Recordset::MoveNext() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Moving to the next row");
     rs.Settle();
-    if (rs.place == RecordsetImpl::Place::After) RecordsetImpl::NoCurrent("Moving to the next row");
+    if (rs.place == RecordsetImpl::Place::After) {
+        RecordsetImpl::NoCurrent("Moving to the next row");
+    }
     rs.NextRow();
     rs.Notify();
 }
@@ -149,7 +170,9 @@ void Recordset::MoveLast() {
     auto& rs = Need(impl_);
     CheckScrollable(rs, "Moving to the last row");
     rs.Settle();
-    if (rs.rows.Count() == 0) RecordsetImpl::NoCurrent("Moving to the last row");
+    if (rs.rows.Count() == 0) {
+        RecordsetImpl::NoCurrent("Moving to the last row");
+    }
     rs.position = rs.rows.Count() - 1;
     rs.place = RecordsetImpl::Place::Row;
     rs.Notify();
@@ -159,8 +182,9 @@ void Recordset::MovePrevious() {
     auto& rs = Need(impl_);
     CheckScrollable(rs, "Moving to the previous row");
     rs.Settle();
-    if (rs.place == RecordsetImpl::Place::Before || rs.rows.Count() == 0)
+    if (rs.place == RecordsetImpl::Place::Before || rs.rows.Count() == 0) {
         RecordsetImpl::NoCurrent("Moving to the previous row");
+    }
     const auto from = rs.place == RecordsetImpl::Place::After ? rs.rows.Count() : rs.position;
     rs.place = from == 0 ? RecordsetImpl::Place::Before : RecordsetImpl::Place::Row;
     rs.position = from == 0 ? 0 : from - 1;
@@ -180,13 +204,17 @@ void Recordset::AddNew() {
 void Recordset::Update() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Saving a row");
-    if (rs.Pending()) rs.Save();
+    if (rs.Pending()) {
+        rs.Save();
+    }
 }
 
 void Recordset::CancelUpdate() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Dropping a change");
-    if (!rs.Pending()) return;
+    if (!rs.Pending()) {
+        return;
+    }
     rs.Drop();
     rs.Notify();
 }
@@ -203,7 +231,9 @@ void Recordset::Delete() {
         rs.Notify();
         return;
     }
-    if (rs.place != RecordsetImpl::Place::Row) RecordsetImpl::NoCurrent("Deleting a row");
+    if (rs.place != RecordsetImpl::Place::Row) {
+        RecordsetImpl::NoCurrent("Deleting a row");
+    }
     rs.Drop();
     rs.DeleteRow();
 }
@@ -214,15 +244,21 @@ void Recordset::Find(std::string_view criterion) {
     const auto wanted = ParseCriterion(criterion);
     const auto column = rs.Find(wanted.name);
     rs.Settle();
-    if (rs.place != RecordsetImpl::Place::Row) RecordsetImpl::NoCurrent("Finding a row");
-    while (rs.place == RecordsetImpl::Place::Row && rs.Get(column) != Value(wanted.number)) rs.NextRow();
+    if (rs.place != RecordsetImpl::Place::Row) {
+        RecordsetImpl::NoCurrent("Finding a row");
+    }
+    while (rs.place == RecordsetImpl::Place::Row && rs.Get(column) != Value(wanted.number)) {
+        rs.NextRow();
+    }
     rs.Notify();
 }
 
 void Recordset::Requery() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Asking anew");
-    if (rs.Pending()) Fail(errors::NotAllowedNow, "Asking anew", "a row is not saved yet");
+    if (rs.Pending()) {
+        Fail(errors::NotAllowedNow, "Asking anew", "a row is not saved yet");
+    }
     try {
         rs.Load();
     } catch (...) {

@@ -51,14 +51,15 @@ Value Rows::Get(std::size_t row, std::size_t column) const {
 void Rows::Set(std::size_t row, std::size_t column, const Value& value) {
     Cell& cell = cells_[row * columns_ + column];
     const auto& data = value.Data();
-    if (const auto* number = std::get_if<std::int64_t>(&data))
+    if (const auto* number = std::get_if<std::int64_t>(&data)) {
         cell = {*number, 0, Type::Integer};
-    else if (const auto* real = std::get_if<double>(&data))
+    } else if (const auto* real = std::get_if<double>(&data)) {
         cell = {std::bit_cast<std::int64_t>(*real), 0, Type::Real};
-    else if (const auto* text = std::get_if<std::string>(&data))
+    } else if (const auto* text = std::get_if<std::string>(&data)) {
         SetText(cell, *text);
-    else
+    } else {
         cell = {};
+    }
 }
 
 void Rows::Erase(std::size_t row) {

@@ -51,8 +51,11 @@ bool IsDigit(char c) {
 
 std::string Capitals(std::string_view word) {
     std::string upper(word);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
+    for (char& c : upper) {
+        if (c >= 'a' && c <= 'z') {
+            c = static_cast<char>(c - 32);
+        }
+    }
     return upper;
 }
 
@@ -62,8 +65,12 @@ void CheckEncoding(std::string_view text) {
     for (std::int64_t i = 0; i < length;) {
         UChar32 c;
         U8_NEXT(bytes, i, length, c);
-        if (c < 0) Refuse("it is not in UTF-8");
-        if (c == 0) Refuse("it holds a NUL character");
+        if (c < 0) {
+            Refuse("it is not in UTF-8");
+        }
+        if (c == 0) {
+            Refuse("it holds a NUL character");
+        }
     }
 }
 
@@ -76,7 +83,9 @@ class Scanner {
         std::vector<Token> tokens;
         for (;;) {
             tokens.push_back(Next());
-            if (tokens.back().kind == Kind::End) return tokens;
+            if (tokens.back().kind == Kind::End) {
+                return tokens;
+            }
         }
     }
 
@@ -84,14 +93,25 @@ class Scanner {
     char Peek(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0'; }
 
     Token Next() {
-        while (at_ < text_.size() && std::string_view(" \t\r\n").find(text_[at_]) != std::string_view::npos)
+        while (at_ < text_.size() && std::string_view(" \t\r\n").find(text_[at_]) != std::string_view::npos) {
             ++at_;
-        if (at_ == text_.size()) return {};
+        }
+        if (at_ == text_.size()) {
+            return {};
+        }
         const char c = Peek();
-        if (c == '\'' || c == '"') return Literal(c);
-        if (c == '[') return Bracketed();
-        if (IsDigit(c) || (c == '.' && IsDigit(Peek(1)))) return Number();
-        if (NameLength(at_, true) > 0) return Word();
+        if (c == '\'' || c == '"') {
+            return Literal(c);
+        }
+        if (c == '[') {
+            return Bracketed();
+        }
+        if (IsDigit(c) || (c == '.' && IsDigit(Peek(1)))) {
+            return Number();
+        }
+        if (NameLength(at_, true) > 0) {
+            return Word();
+        }
         return Symbol();
     }
 
@@ -107,18 +127,23 @@ class Scanner {
                 ++at_;
             }
             sql += c;
-            if (c == '\'') sql += c;
+            if (c == '\'') {
+                sql += c;
+            }
         }
         Refuse("a quotation mark is not closed");
     }
 
     Token Bracketed() {
         const auto end = text_.find(']', at_);
-        if (end == std::string_view::npos) Refuse("a square bracket is not closed");
+        if (end == std::string_view::npos) {
+            Refuse("a square bracket is not closed");
+        }
         const auto name = text_.substr(at_ + 1, end - at_ - 1);
         const auto bad = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '['; };
-        if (name.empty() || std::any_of(name.begin(), name.end(), bad))
+        if (name.empty() || std::any_of(name.begin(), name.end(), bad)) {
             Refuse("the square brackets hold no name");
+        }
         at_ = end + 1;
         return {Kind::Name, "[" + std::string(name) + "]"};
     }
@@ -126,7 +151,9 @@ class Scanner {
     Token Number() {
         const auto begin = at_;
         const auto digits = [&] {
-            while (IsDigit(Peek())) ++at_;
+            while (IsDigit(Peek())) {
+                ++at_;
+            }
         };
         digits();
         if (Peek() == '.') {
@@ -140,17 +167,24 @@ class Scanner {
                 digits();
             }
         }
-        if (NameLength(at_, false) > 0 || Peek() == '.')
+        if (NameLength(at_, false) > 0 || Peek() == '.') {
             Refuse("a number is followed by a letter or a point");
+        }
         return {Kind::Number, std::string(text_.substr(begin, at_ - begin))};
     }
 
     /// How many bytes the character of a name at the place takes; 0 for any other character.
     std::size_t NameLength(std::size_t at, bool first) const {
-        if (at >= text_.size()) return 0;
+        if (at >= text_.size()) {
+            return 0;
+        }
         const char c = text_[at];
-        if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || (!first && IsDigit(c))) return 1;
-        if (static_cast<unsigned char>(c) < 0x80) return 0;
+        if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || (!first && IsDigit(c))) {
+            return 1;
+        }
+        if (static_cast<unsigned char>(c) < 0x80) {
+            return 0;
+        }
         const auto* bytes = reinterpret_cast<const std::uint8_t*>(text_.data());
         const auto length = static_cast<std::int64_t>(text_.size());
         auto next = static_cast<std::int64_t>(at);
@@ -162,28 +196,36 @@ class Scanner {
 
     Token Word() {
         const auto begin = at_;
-        for (std::size_t bytes = NameLength(at_, true); bytes > 0; bytes = NameLength(at_, false))
+        for (std::size_t bytes = NameLength(at_, true); bytes > 0; bytes = NameLength(at_, false)) {
             at_ += bytes;
+        }
         const auto word = text_.substr(begin, at_ - begin);
         auto upper = Capitals(word);
         // With it the store would take its own LIKE, which knows case in ASCII only.
-        if (upper == "ESCAPE") Refuse("LIKE has no ESCAPE");
-        if (IsKeyword(upper)) return {Kind::Keyword, std::move(upper)};
+        if (upper == "ESCAPE") {
+            Refuse("LIKE has no ESCAPE");
+        }
+        if (IsKeyword(upper)) {
+            return {Kind::Keyword, std::move(upper)};
+        }
         return {Kind::Name, std::string(word)};
     }
 
     Token Symbol() {
         const auto pair = text_.substr(at_, 2);
-        if (pair == "--" || pair == "/*") Refuse("it holds a comment");
+        if (pair == "--" || pair == "/*") {
+            Refuse("it holds a comment");
+        }
         if (pair == "<=" || pair == ">=" || pair == "<>") {
             at_ += 2;
             return {Kind::Symbol, std::string(pair)};
         }
         const char c = Peek();
-        if (std::string_view("(),.;=<>+-*/&").find(c) == std::string_view::npos)
+        if (std::string_view("(),.;=<>+-*/&").find(c) == std::string_view::npos) {
             Refuse(
                 "it holds a character that has no meaning outside of quotes; a quotation mark (') in a "
                 "text ends the text");
+        }
         ++at_;
         return {Kind::Symbol, std::string(1, c)};
     }
@@ -199,16 +241,23 @@ class Writer {
 
     std::string Statement() {
         const Token& first = Now();
-        if (first.kind == Kind::End) Refuse("the text is empty");
+        if (first.kind == Kind::End) {
+            Refuse("the text is empty");
+        }
         if (first.kind != Kind::Keyword || (first.sql != "SELECT" && first.sql != "INSERT" &&
-                                            first.sql != "UPDATE" && first.sql != "DELETE"))
+                                            first.sql != "UPDATE" && first.sql != "DELETE")) {
             Refuse("it is no SELECT, INSERT, UPDATE or DELETE");
+        }
         std::string sql = Group();
         if (Now().Is(";")) {
             ++at_;
-            if (Now().kind != Kind::End) Refuse("a second statement stands behind it");
+            if (Now().kind != Kind::End) {
+                Refuse("a second statement stands behind it");
+            }
         }
-        if (Now().kind != Kind::End) Refuse("a bracket is closed that was not opened");
+        if (Now().kind != Kind::End) {
+            Refuse("a bracket is closed that was not opened");
+        }
         return sql;
     }
 
@@ -226,13 +275,20 @@ class Writer {
 
     /// Everything up to the closing bracket or the end of the statement, which stays.
     std::string Group() {
-        if (++depth_ > kDeepest) Refuse("its brackets are nested too deeply");
+        if (++depth_ > kDeepest) {
+            Refuse("its brackets are nested too deeply");
+        }
         std::string sql;
         while (Now().kind != Kind::End && !Now().Is(")") && !Now().Is(";")) {
-            if (!sql.empty()) sql += ' ';
-            if (Now().Is("&") || Now().Is("/")) Refuse("nothing stands before the operator " + Now().sql);
-            if (Now().kind == Kind::Keyword && Now().sql == "IN" && Now(1).Is("(") && Now(2).Is(")"))
+            if (!sql.empty()) {
+                sql += ' ';
+            }
+            if (Now().Is("&") || Now().Is("/")) {
+                Refuse("nothing stands before the operator " + Now().sql);
+            }
+            if (Now().kind == Kind::Keyword && Now().sql == "IN" && Now(1).Is("(") && Now(2).Is(")")) {
                 Refuse("the list of IN is empty");
+            }
             const bool operand =
                 Now().kind == Kind::Name || Now().kind == Kind::Text || Now().kind == Kind::Number;
             sql += operand || Now().Is("(") || Now().Is("+") || Now().Is("-") ? Joined() : Take();
@@ -244,7 +300,9 @@ class Writer {
     /// Operands with "&" between them: the weakest of the operators handled here.
     std::string Joined() {
         Expression left = Sum();
-        if (!Now().Is("&")) return std::move(left.sql);
+        if (!Now().Is("&")) {
+            return std::move(left.sql);
+        }
         const auto part = [](Expression& expression) {
             return expression.literal ? std::move(expression.sql) : "ifnull(" + expression.sql + ", '')";
         };
@@ -283,7 +341,9 @@ class Writer {
 
     Expression Operand() {
         std::string signs;
-        while (Now().Is("+") || Now().Is("-")) signs += Take() + " ";
+        while (Now().Is("+") || Now().Is("-")) {
+            signs += Take() + " ";
+        }
         Expression operand;
         switch (Now().kind) {
             case Kind::Number:
@@ -297,7 +357,9 @@ class Writer {
                 operand.sql = Name();
                 break;
             default:
-                if (!Now().Is("(")) Refuse("an operator stands without what it works on");
+                if (!Now().Is("(")) {
+                    Refuse("an operator stands without what it works on");
+                }
                 operand.sql = Bracketed();
         }
         if (!signs.empty()) {
@@ -314,14 +376,18 @@ class Writer {
             name += Take();
             name += Take();
         }
-        if (Now().Is("(")) name += Bracketed();
+        if (Now().Is("(")) {
+            name += Bracketed();
+        }
         return name;
     }
 
     std::string Bracketed() {
         ++at_;
         std::string sql = "(" + Group();
-        if (!Now().Is(")")) Refuse("a bracket is not closed");
+        if (!Now().Is(")")) {
+            Refuse("a bracket is not closed");
+        }
         ++at_;
         sql += ')';
         return sql;

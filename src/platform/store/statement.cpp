@@ -24,20 +24,23 @@ void Statement::Finalize::operator()(sqlite3_stmt* handle) const {
 }
 
 Statement::Statement(Store& store, std::string_view sql) : store_(&store) {
-    if (sql.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+    if (sql.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
         throw Error(errors::BadStatement, std::string(kRunning) + " failed: it is too long.", "store");
+    }
     sqlite3_stmt* raw = nullptr;
     const char* tail = nullptr;
     const int code =
         sqlite3_prepare_v2(store.Handle(), sql.data(), static_cast<int>(sql.size()), &raw, &tail);
     handle_.reset(raw);
     Check(code);
-    if (!handle_)
+    if (!handle_) {
         throw Error(errors::BadStatement, std::string(kRunning) + " failed: the text is empty.", "store");
+    }
     const auto rest = sql.substr(static_cast<std::size_t>(tail - sql.data()));
-    if (rest.find_first_not_of(" \t\r\n;") != std::string_view::npos)
+    if (rest.find_first_not_of(" \t\r\n;") != std::string_view::npos) {
         throw Error(errors::BadStatement, std::string(kRunning) + " failed: a second one stands behind it.",
                     "store");
+    }
 }
 
 Statement::Statement(Statement&&) noexcept = default;
@@ -45,7 +48,9 @@ Statement& Statement::operator=(Statement&&) noexcept = default;
 Statement::~Statement() = default;
 
 void Statement::Check(int code) const {
-    if (code != SQLITE_OK) store_->Fail(code, kRunning);
+    if (code != SQLITE_OK) {
+        store_->Fail(code, kRunning);
+    }
 }
 
 void Statement::Bind(int index, std::int64_t value) {
@@ -60,14 +65,15 @@ void Statement::Bind(int index, std::string_view text) {
 
 void Statement::Bind(int index, const Value& value) {
     const auto& data = value.Data();
-    if (const auto* number = std::get_if<std::int64_t>(&data))
+    if (const auto* number = std::get_if<std::int64_t>(&data)) {
         Bind(index, *number);
-    else if (const auto* text = std::get_if<std::string>(&data))
+    } else if (const auto* text = std::get_if<std::string>(&data)) {
         Bind(index, std::string_view(*text));
-    else if (const auto* real = std::get_if<double>(&data))
+    } else if (const auto* real = std::get_if<double>(&data)) {
         Check(sqlite3_bind_double(Handle(), index + 1, *real));
-    else
+    } else {
         BindNull(index);
+    }
 }
 
 void Statement::BindNull(int index) {
@@ -76,8 +82,12 @@ void Statement::BindNull(int index) {
 
 bool Statement::Step() {
     const int code = sqlite3_step(Handle());
-    if (code == SQLITE_ROW) return true;
-    if (code != SQLITE_DONE) store_->Fail(code, kRunning);
+    if (code == SQLITE_ROW) {
+        return true;
+    }
+    if (code != SQLITE_DONE) {
+        store_->Fail(code, kRunning);
+    }
     return false;
 }
 
@@ -125,9 +135,13 @@ std::int64_t Statement::Integer(int column) const {
 
 std::string_view Statement::Text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(Handle(), column));
-    if (text == nullptr) return {};
+    if (text == nullptr) {
+        return {};
+    }
     const auto bytes = static_cast<std::size_t>(sqlite3_column_bytes(Handle(), column));
-    if (bytes >= kLongText) store_->CheckPages();
+    if (bytes >= kLongText) {
+        store_->CheckPages();
+    }
     return {text, bytes};
 }
 

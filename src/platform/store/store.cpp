@@ -39,7 +39,9 @@ std::string ImmutableAddress(const std::filesystem::path& file) {
     static constexpr char kHex[] = "0123456789ABCDEF";
     const auto generic = std::filesystem::absolute(file).generic_u8string();
     std::string address = "file:";
-    if (generic.empty() || generic.front() != u8'/') address += "///";
+    if (generic.empty() || generic.front() != u8'/') {
+        address += "///";
+    }
     for (const auto unit : generic) {
         const auto byte = static_cast<unsigned char>(unit);
         if (byte == '%' || byte == '?' || byte == '#') {
@@ -58,7 +60,9 @@ Error Describe(int code, std::string_view message, std::string_view doing) {
         return Error(number, std::string(doing) + " failed: " + what + ".", kSource);
     };
     const auto behind = [&](std::string_view head, std::string& rest) {
-        if (!message.starts_with(head)) return false;
+        if (!message.starts_with(head)) {
+            return false;
+        }
         rest = message.substr(head.size());
         return true;
     };
@@ -100,18 +104,26 @@ Error Describe(int code, std::string_view message, std::string_view doing) {
             return said(errors::StoreFailed, "there is not enough memory");
     }
     // The cipher's own word for a page that is not what was written.
-    if (message.starts_with("SQL logic error"))
+    if (message.starts_with("SQL logic error")) {
         return said(errors::StoreFailed, "the database file is damaged");
-    if (behind("no such table: ", name)) return said(errors::NoSuchTable, "there is no table " + name);
-    if (behind("no such column: ", name)) return said(errors::NoSuchColumn, "there is no column " + name);
-    if (const auto at = message.find(" has no column named "); at != std::string_view::npos)
+    }
+    if (behind("no such table: ", name)) {
+        return said(errors::NoSuchTable, "there is no table " + name);
+    }
+    if (behind("no such column: ", name)) {
+        return said(errors::NoSuchColumn, "there is no column " + name);
+    }
+    if (const auto at = message.find(" has no column named "); at != std::string_view::npos) {
         return said(errors::NoSuchColumn, "there is no column " + std::string(message.substr(at + 21)));
+    }
     return said(errors::BadStatement, "the statement cannot be understood (" + std::string(message) + ")");
 }
 
 void LikeFunction(sqlite3_context* context, int, sqlite3_value** arguments) noexcept {
     // like(pattern, text): the order in which the store hands on "text LIKE pattern".
-    if (sqlite3_value_type(arguments[1]) == SQLITE_NULL) return;
+    if (sqlite3_value_type(arguments[1]) == SQLITE_NULL) {
+        return;
+    }
     try {
         const auto* pattern = static_cast<const LikePattern*>(sqlite3_get_auxdata(context, 0));
         std::unique_ptr<LikePattern> made;
@@ -122,16 +134,19 @@ void LikeFunction(sqlite3_context* context, int, sqlite3_value** arguments) noex
                        : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
         };
         if (pattern == nullptr) {
-            if (sqlite3_value_type(arguments[0]) == SQLITE_NULL) return;
+            if (sqlite3_value_type(arguments[0]) == SQLITE_NULL) {
+                return;
+            }
             made = std::make_unique<LikePattern>(view(arguments[0]));
             pattern = made.get();
         }
         sqlite3_result_int(context, pattern->Match(view(arguments[1])) ? 1 : 0);
         // Only now: the store may drop what it is handed at once.
-        if (made)
+        if (made) {
             sqlite3_set_auxdata(context, 0, made.release(), [](void* old) {
                 std::unique_ptr<LikePattern>(static_cast<LikePattern*>(old));
             });
+        }
     } catch (const std::exception&) {
         sqlite3_result_error_nomem(context);
     }
@@ -147,27 +162,33 @@ int CollateFunction(void*, int leftBytes, const void* left, int rightBytes, cons
 void Store::CloseHandle::operator()(sqlite3* db) const {
     sqlite3_close_v2(db);
     std::error_code ignored;
-    if (!index.empty()) std::filesystem::remove(index, ignored);
+    if (!index.empty()) {
+        std::filesystem::remove(index, ignored);
+    }
 }
 
 Store::Store(const std::filesystem::path& file, std::string_view password, Access access) {
     std::error_code problem;
     const auto status = std::filesystem::status(file, problem);
     if (access == Access::Create) {
-        if (std::filesystem::exists(status))
+        if (std::filesystem::exists(status)) {
             throw Error(errors::StoreFailed, "Making the database failed: the file exists already.", kSource);
+        }
     } else {
-        if (!std::filesystem::exists(status))
+        if (!std::filesystem::exists(status)) {
             throw Error(errors::StoreFailed,
                         std::string(kOpening) + " failed: the file \"" + Utf8(file) + "\" does not exist.",
                         kSource);
+        }
         // The store would take an empty file for a new database and its folder for nothing at all.
-        if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, problem) == 0)
+        if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, problem) == 0) {
             throw Error(errors::BadPassword, std::string(kOpening) + " failed: the file is empty.", kSource);
+        }
     }
     // With an empty password the cipher would be off and the file in plain text.
-    if (password.empty())
+    if (password.empty()) {
         throw Error(errors::BadPassword, std::string(kOpening) + " failed: no password was given.", kSource);
+    }
 
     const auto journal = Beside(file, "-wal");
     const bool journalLeft = std::filesystem::exists(journal, problem);
@@ -191,7 +212,9 @@ Store::Store(const std::filesystem::path& file, std::string_view password, Acces
     }
     writes_ = true;
     OpenHandle(file, SQLITE_OPEN_READWRITE | (access == Access::Create ? SQLITE_OPEN_CREATE : 0), false);
-    if (sqlite3_db_readonly(db_.get(), "main") != 0) Fail(SQLITE_READONLY, kOpening);
+    if (sqlite3_db_readonly(db_.get(), "main") != 0) {
+        Fail(SQLITE_READONLY, kOpening);
+    }
     SetKey(password);
     TakeOver();
 }
@@ -201,11 +224,15 @@ Store::~Store() = default;
 void Store::OpenHandle(const std::filesystem::path& file, int flags, bool immutable) {
     sqlite3* raw = nullptr;
     const std::string name = immutable ? ImmutableAddress(file) : Utf8(file);
-    if (immutable) flags |= SQLITE_OPEN_URI;
+    if (immutable) {
+        flags |= SQLITE_OPEN_URI;
+    }
     flags |= SQLITE_OPEN_NOMUTEX;  // one thread uses a store
     const int code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
     db_ = {raw, CloseHandle()};
-    if (code != SQLITE_OK) Fail(code, kOpening);
+    if (code != SQLITE_OK) {
+        Fail(code, kOpening);
+    }
     sqlite3_extended_result_codes(raw, 1);
     sqlite3_busy_timeout(raw, 0);
     // The schema names the built-in NOCASE, so that other tools can open the file; here it means the system's
@@ -213,27 +240,34 @@ void Store::OpenHandle(const std::filesystem::path& file, int flags, bool immuta
     if (sqlite3_create_collation_v2(raw, "NOCASE", SQLITE_UTF8, nullptr, CollateFunction, nullptr) !=
             SQLITE_OK ||
         sqlite3_create_function_v2(raw, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, LikeFunction,
-                                   nullptr, nullptr, nullptr) != SQLITE_OK)
+                                   nullptr, nullptr, nullptr) != SQLITE_OK) {
         Fail(sqlite3_extended_errcode(raw), kOpening);
+    }
 }
 
 void Store::SetKey(std::string_view password) {
     const int code = sqlite3_key(db_.get(), password.data(), static_cast<int>(password.size()));
-    if (code != SQLITE_OK) Fail(code, kOpening);
+    if (code != SQLITE_OK) {
+        Fail(code, kOpening);
+    }
     // From generation 4 on the cipher has other defaults and can be told to work as generation 3 does; only
     // the page size was never the same.
     std::string version;
     {
         Statement ask(*this, "PRAGMA cipher_version");
-        if (ask.Step()) version = ask.Text(0);
+        if (ask.Step()) {
+            version = ask.Text(0);
+        }
     }
-    if (version.empty())
+    if (version.empty()) {
         throw Error(errors::StoreFailed,
                     std::string(kOpening) + " failed: the store's library has no cipher.", kSource);
-    if (std::atoi(version.c_str()) >= 4)
+    }
+    if (std::atoi(version.c_str()) >= 4) {
         Execute("PRAGMA cipher_compatibility = 3");
-    else
+    } else {
         asksForDamage_ = true;
+    }
     Execute("PRAGMA cipher_page_size = 4096; PRAGMA kdf_iter = 64000");
 }
 
@@ -244,11 +278,12 @@ void Store::ProvePassword() {
         Execute("PRAGMA temp_store = MEMORY; PRAGMA cache_size = -" + std::to_string(kCacheKilobytes));
         return;
     }
-    if ((code & 0xff) == SQLITE_NOTADB)
+    if ((code & 0xff) == SQLITE_NOTADB) {
         throw Error(
             errors::BadPassword,
             std::string(kOpening) + " failed: the password is not that of the file, or it is no database.",
             kSource);
+    }
     Fail(code, kOpening);
 }
 
@@ -257,7 +292,9 @@ void Store::ReadThrough(const std::filesystem::path& file, std::string_view pass
     std::error_code problem;
     const bool ours = !std::filesystem::exists(index, problem);
     OpenHandle(file, SQLITE_OPEN_READONLY, false);
-    if (ours) db_.get_deleter().index = index;
+    if (ours) {
+        db_.get_deleter().index = index;
+    }
     SetKey(password);
     ProvePassword();
 }
@@ -270,11 +307,14 @@ void Store::TakeOver() {
     std::string mode;
     {
         Statement journal(*this, "PRAGMA journal_mode = WAL");
-        if (journal.Step()) mode = journal.Text(0);
+        if (journal.Step()) {
+            mode = journal.Text(0);
+        }
     }
-    if (mode != "wal")
+    if (mode != "wal") {
         throw Error(errors::StoreFailed,
                     std::string(kOpening) + " failed: no journal can be written beside it.", kSource);
+    }
     Execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = OFF");
     // A file that cannot be written shall fail here and not at the first change.
     Execute("BEGIN IMMEDIATE; ROLLBACK");
@@ -282,12 +322,18 @@ void Store::TakeOver() {
 
 void Store::Execute(std::string_view sql) {
     const int code = sqlite3_exec(db_.get(), std::string(sql).c_str(), nullptr, nullptr, nullptr);
-    if (code != SQLITE_OK) Fail(code, "Running a statement");
+    if (code != SQLITE_OK) {
+        Fail(code, "Running a statement");
+    }
 }
 
 void Store::CheckPages() {
-    if (!asksForDamage_) return;
-    if (!probe_) probe_.emplace(*this, "SELECT 1 FROM sqlite_master WHERE rowid = -1");
+    if (!asksForDamage_) {
+        return;
+    }
+    if (!probe_) {
+        probe_.emplace(*this, "SELECT 1 FROM sqlite_master WHERE rowid = -1");
+    }
     probe_->Step();
     probe_->Reset();
 }
@@ -297,7 +343,9 @@ std::int64_t Store::LastInsertedID() const {
 }
 
 void Store::Close() {
-    if (!db_) return;
+    if (!db_) {
+        return;
+    }
     probe_.reset();
     int code = SQLITE_OK;
     if (writes_) {
@@ -306,12 +354,17 @@ void Store::Close() {
     }
     const std::string message = sqlite3_errmsg(db_.get());
     // What is still running keeps the handle open behind our back.
-    if (code == SQLITE_OK && sqlite3_next_stmt(db_.get(), nullptr) != nullptr) code = SQLITE_BUSY;
+    if (code == SQLITE_OK && sqlite3_next_stmt(db_.get(), nullptr) != nullptr) {
+        code = SQLITE_BUSY;
+    }
     db_.reset();
-    if ((code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED)
+    if ((code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED) {
         throw Error(errors::StoreFailed, "Closing the database failed: a statement on it has not ended.",
                     kSource);
-    if (code != SQLITE_OK) throw Describe(code, message, "Closing the database");
+    }
+    if (code != SQLITE_OK) {
+        throw Describe(code, message, "Closing the database");
+    }
 }
 
 void Store::Fail(int code, std::string_view doing) const {

@@ -31,30 +31,38 @@ std::string RealText(double value) {
 
 std::string_view Trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
+    if (first == std::string_view::npos) {
+        return {};
+    }
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 /// A number written in decimal, a fraction allowed; nothing for any other text.
 std::optional<double> ParseNumber(std::string_view text) {
     text = Trimmed(text);
-    if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+    if (!text.empty() && text.front() == '+') {
+        text.remove_prefix(1);
+    }
     const auto digits = text.find_first_of("0123456789");
     if (digits == std::string_view::npos ||
-        text.substr(0, digits).find_first_not_of("-.") != std::string_view::npos)
+        text.substr(0, digits).find_first_not_of("-.") != std::string_view::npos) {
         return std::nullopt;
+    }
     double number = 0;
     const auto result =
         std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
+    if (result.ec != std::errc() || result.ptr != text.data() + text.size()) {
+        return std::nullopt;
+    }
     return number;
 }
 
 std::int32_t Whole(double number, std::string_view shown) {
     if (!(number >= std::numeric_limits<std::int32_t>::min() &&
           number <= std::numeric_limits<std::int32_t>::max()) ||
-        std::trunc(number) != number)
+        std::trunc(number) != number) {
         NotANumber(shown);
+    }
     return static_cast<std::int32_t>(number);
 }
 
@@ -66,35 +74,54 @@ std::int32_t Whole(double number, std::string_view shown) {
 }  // namespace
 
 std::string Value::Text() const {
-    if (IsNull()) NullRead("a text");
+    if (IsNull()) {
+        NullRead("a text");
+    }
     return Joined();
 }
 
 std::string Value::Joined() const {
-    if (const auto* number = std::get_if<std::int64_t>(&data_)) return std::to_string(*number);
-    if (const auto* real = std::get_if<double>(&data_)) return RealText(*real);
-    if (const auto* text = std::get_if<std::string>(&data_)) return *text;
+    if (const auto* number = std::get_if<std::int64_t>(&data_)) {
+        return std::to_string(*number);
+    }
+    if (const auto* real = std::get_if<double>(&data_)) {
+        return RealText(*real);
+    }
+    if (const auto* text = std::get_if<std::string>(&data_)) {
+        return *text;
+    }
     return {};
 }
 
 std::int32_t Value::Long() const {
-    if (const auto* number = std::get_if<std::int64_t>(&data_))
+    if (const auto* number = std::get_if<std::int64_t>(&data_)) {
         return Whole(static_cast<double>(*number), std::to_string(*number));
-    if (const auto* real = std::get_if<double>(&data_)) return Whole(*real, RealText(*real));
+    }
+    if (const auto* real = std::get_if<double>(&data_)) {
+        return Whole(*real, RealText(*real));
+    }
     if (const auto* text = std::get_if<std::string>(&data_)) {
         const auto number = ParseNumber(*text);
-        if (!number) NotANumber(*text);
+        if (!number) {
+            NotANumber(*text);
+        }
         return Whole(*number, *text);
     }
     NullRead("a number");
 }
 
 bool Value::Bool() const {
-    if (const auto* number = std::get_if<std::int64_t>(&data_)) return *number != 0;
-    if (const auto* real = std::get_if<double>(&data_)) return *real != 0;
+    if (const auto* number = std::get_if<std::int64_t>(&data_)) {
+        return *number != 0;
+    }
+    if (const auto* real = std::get_if<double>(&data_)) {
+        return *real != 0;
+    }
     if (const auto* text = std::get_if<std::string>(&data_)) {
         const auto number = ParseNumber(*text);
-        if (!number) NotANumber(*text);
+        if (!number) {
+            NotANumber(*text);
+        }
         return *number != 0;
     }
     NullRead("a yes or no");

@@ -25,7 +25,9 @@ const UCollator* Collator() noexcept {
         UErrorCode status = U_ZERO_ERROR;
         std::unique_ptr<UCollator, CloseCollator> made(ucol_open("sv", &status));
         // The rules are part of the library's data; without them no text can be compared at all.
-        if (U_FAILURE(status) || !made) std::abort();
+        if (U_FAILURE(status) || !made) {
+            std::abort();
+        }
         ucol_setStrength(made.get(), UCOL_SECONDARY);
         ucol_setAttribute(made.get(), UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
         return made;
@@ -39,7 +41,9 @@ const std::array<unsigned char, 256>& Ranks() noexcept {
     static const auto ranks = [] {
         std::array<unsigned char, 256> made{};
         std::array<char, 127 - ' '> order{};
-        for (std::size_t i = 0; i < order.size(); ++i) order[i] = static_cast<char>(' ' + i);
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            order[i] = static_cast<char>(' ' + i);
+        }
         const auto compare = [](const char& left, const char& right) {
             UErrorCode status = U_ZERO_ERROR;
             return ucol_strcollUTF8(Collator(), &left, 1, &right, 1, &status);
@@ -48,7 +52,9 @@ const std::array<unsigned char, 256>& Ranks() noexcept {
                          [&](const char& left, const char& right) { return compare(left, right) < 0; });
         unsigned char rank = 1;
         for (std::size_t i = 0; i < order.size(); ++i) {
-            if (i > 0 && compare(order[i - 1], order[i]) != 0) ++rank;
+            if (i > 0 && compare(order[i - 1], order[i]) != 0) {
+                ++rank;
+            }
             made[static_cast<unsigned char>(order[i])] = rank;
         }
         return made;
@@ -68,21 +74,31 @@ int Compare(std::string_view left, std::string_view right) noexcept {
     for (; i < common; ++i) {
         const auto a = static_cast<unsigned char>(left[i]);
         const auto b = static_cast<unsigned char>(right[i]);
-        if (a == b) continue;
-        if (ranks[a] == 0 || ranks[b] == 0) break;
+        if (a == b) {
+            continue;
+        }
+        if (ranks[a] == 0 || ranks[b] == 0) {
+            break;
+        }
         if (ranks[a] == ranks[b]) {
             // The two cases of a letter; with a mark behind they are no longer the letter compared here.
             continue;
         }
         const bool bare = (i + 1 == left.size() || static_cast<unsigned char>(left[i + 1]) < 0x80) &&
                           (i + 1 == right.size() || static_cast<unsigned char>(right[i + 1]) < 0x80);
-        if (!bare) break;
+        if (!bare) {
+            break;
+        }
         return ranks[a] < ranks[b] ? -1 : 1;
     }
     if (i == common) {
-        if (left.size() == right.size()) return 0;
+        if (left.size() == right.size()) {
+            return 0;
+        }
         const auto next = static_cast<unsigned char>(left.size() > common ? left[common] : right[common]);
-        if (ranks[next] != 0) return left.size() < right.size() ? -1 : 1;
+        if (ranks[next] != 0) {
+            return left.size() < right.size() ? -1 : 1;
+        }
     }
     UErrorCode status = U_ZERO_ERROR;
     return ucol_strcollUTF8(Collator(), left.data(), static_cast<std::int32_t>(left.size()), right.data(),
