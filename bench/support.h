@@ -53,6 +53,7 @@ class NullDesktop : public platform::Desktop {
     void MousePointer(int) override {}
     void ClipboardClear() override {}
     void ClipboardSetText(const std::string&) override {}
+    std::string InputBox(const std::string&, const std::string&) override { return {}; }
     bool OpenWebPage(const std::string&) override { return false; }
     int TextWidth(const platform::Font&, const std::string& text) const override;
     void Repaint(platform::Form&) override {}

@@ -52,6 +52,8 @@ inline constexpr long InvalidCall = 5;
 inline constexpr long OutOfMemory = 7;
 inline constexpr long Internal = 51;
 inline constexpr long PropertyNotSupported = 438;
+inline constexpr long InvalidValue = 380;  // of a property
+inline constexpr long InvalidIndex = 381;  // of a property that is a list
 inline constexpr long IndexOutOfBounds = 35600;
 inline constexpr long KeyNotUnique = 35602;
 }  // namespace errors

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QEventLoop>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -219,12 +220,23 @@ void QtDesktop::Repaint(platform::Form& form) {
 
 // --- boxes ---
 
-int QtDesktop::MsgBox(const std::string& text, int flags, const std::optional<std::string>& title) {
-    UpdateLanguage();
+// A box is up with the ordinary pointer, over what the windows show by now.
+int QtDesktop::RunBox(QDialog& box) {
     Flush();
     const bool hourglass = hourglass_;
     MousePointer(platform::pointer::Default);
+    ++boxes_;
+    const int result = box.exec();
+    --boxes_;
+    EndRunWhenDone();
+    if (hourglass) {
+        MousePointer(platform::pointer::Hourglass);
+    }
+    return result;
+}
 
+int QtDesktop::MsgBox(const std::string& text, int flags, const std::optional<std::string>& title) {
+    UpdateLanguage();
     QMessageBox box(Front());
     box.setObjectName("MsgBox");
     box.setWindowTitle(QString::fromStdString(title.value_or("Vemora")));
@@ -232,26 +244,31 @@ int QtDesktop::MsgBox(const std::string& text, int flags, const std::optional<st
     box.setText(Clean(QString::fromStdString(text), true));
     box.setIcon(IconOf(flags));
     int answer = platform::msg::AnswerOk;
-    ++boxes_;
     if (AsksYesNo(flags)) {
         auto* yes = box.addButton(ButtonText("&Yes"), QMessageBox::YesRole);
         auto* no = box.addButton(ButtonText("&No"), QMessageBox::NoRole);
         box.setDefaultButton(SecondIsDefault(flags) ? no : yes);
         box.setEscapeButton(no);
-        box.exec();
+        RunBox(box);
         answer = box.clickedButton() == yes ? platform::msg::AnswerYes : platform::msg::AnswerNo;
     } else {
         auto* ok = box.addButton(ButtonText("OK"), QMessageBox::AcceptRole);
         box.setDefaultButton(ok);
         box.setEscapeButton(ok);
-        box.exec();
-    }
-    --boxes_;
-    EndRunWhenDone();
-    if (hourglass) {
-        MousePointer(platform::pointer::Hourglass);
+        RunBox(box);
     }
     return answer;
+}
+
+std::string QtDesktop::InputBox(const std::string& prompt, const std::string& title) {
+    UpdateLanguage();
+    QInputDialog box(Front());
+    box.setObjectName("InputBox");
+    box.setWindowTitle(QString::fromStdString(title));
+    box.setLabelText(QString::fromStdString(prompt));
+    box.setOkButtonText(ButtonText("OK"));
+    box.setCancelButtonText(ButtonText("Cancel"));
+    return RunBox(box) == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 
 // --- the rest of the world ---

@@ -12,6 +12,7 @@
 #include "platform/forms/desktop.h"
 #include "qt/language.h"
 
+class QDialog;
 class QEventLoop;
 
 namespace qt {
@@ -32,6 +33,7 @@ class QtDesktop final : public platform::Desktop {
     void Flush();
 
     int MsgBox(const std::string& text, int flags, const std::optional<std::string>& title) override;
+    std::string InputBox(const std::string& prompt, const std::string& title) override;
     void Show(platform::Form& form, bool modal, platform::Form* owner) override;
     void Closed(platform::Form& form) override;
     void Focus(platform::Control& control) override;
@@ -57,6 +59,7 @@ class QtDesktop final : public platform::Desktop {
         QEventLoop* Loop;  // on the stack of its Show
     };
 
+    int RunBox(QDialog& box);
     FormWindow* WindowOf(const platform::Form& form) const;
     /// The visible window that was shown last, null when there is none.
     FormWindow* Front() const;

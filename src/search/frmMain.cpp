@@ -129,7 +129,6 @@ void frmMain::cmdSök_Click() {
     }
     const std::string statement = SearchStatement(txtChem.Text, option);
     lblInfo.Caption = TextTillAndra("R0055");
-    Refresh();
 
     Recordset rs;
     rs.Open(statement, *gCn, ado::adOpenForwardOnly, ado::adLockReadOnly);
@@ -214,7 +213,7 @@ void frmMain::lvwResultat_DblClick() {
         return;
     }
     frmChemical& sheet = Main.Windows.Chemical();
-    sheet.Nyckel(platform::Value(mValdRad->Key.substr(1)).Long());
+    sheet.Nyckel(platform::Value(mValdRad->Key().substr(1)).Long());
     sheet.Show(platform::vbModal, this);
 }
 

@@ -208,7 +208,7 @@ TEST_F(ControlsTest, AListIsChosenFromByKeysAndKeepsItsWidth) {
     QWheelEvent wheel({5, 5}, combo->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(combo, &wheel);
-    EXPECT_EQ(Form.cboLang.ListIndex.Get(), 1);
+    EXPECT_EQ(Form.cboLang.ListIndex, 1);
 
     Form.cboLang.ListIndex = 2;
     S.Desktop.Flush();

@@ -29,7 +29,7 @@ ScriptedDesktop::~ScriptedDesktop() {
         ADD_FAILURE() << "Nobody expected the box " << box;
     }
     EXPECT_TRUE(pieces_.empty()) << "A modal window that was expected never came up.";
-    EXPECT_TRUE(Answers.empty()) << "A question that was expected was never asked.";
+    EXPECT_TRUE(Answers.empty() && Typed.empty()) << "A question that was expected was never asked.";
 }
 
 std::vector<std::string> ScriptedDesktop::TakeBoxes() {
@@ -57,6 +57,17 @@ int ScriptedDesktop::MsgBox(const std::string& text, int flags, const std::optio
     }
     const int answer = Answers.front();
     Answers.pop_front();
+    return answer;
+}
+
+std::string ScriptedDesktop::InputBox(const std::string& prompt, const std::string& title) {
+    Log.push_back("input " + title + ": " + prompt);
+    if (Typed.empty()) {
+        ADD_FAILURE() << "Nothing is queued for the input box: " << prompt;
+        return {};
+    }
+    std::string answer = std::move(Typed.front());
+    Typed.pop_front();
     return answer;
 }
 

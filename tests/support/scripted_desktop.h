@@ -38,6 +38,8 @@ class ScriptedDesktop final : public platform::Desktop {
     }
     /// Answers of the boxes to come that have a choice; a box without one is always answered with OK.
     std::deque<int> Answers;
+    /// What the user types into the input boxes to come.
+    std::deque<std::string> Typed;
 
     /// The boxes shown since the last call, each as "[flags title] text"; the title is "-" where none was
     /// given. The description in an error report, one sentence in parentheses, reads "(…)".
@@ -48,6 +50,7 @@ class ScriptedDesktop final : public platform::Desktop {
     std::string Clipboard;
 
     int MsgBox(const std::string& text, int flags, const std::optional<std::string>& title) override;
+    std::string InputBox(const std::string& prompt, const std::string& title) override;
     void Show(platform::Form& form, bool modal, platform::Form* owner) override;
     void Closed(platform::Form& form) override { Log.push_back("closed " + form.Name()); }
     void Focus(platform::Control& control) override { Log.push_back("focus " + control.FullName()); }

@@ -48,7 +48,7 @@ Strings Rows(const platform::ListView& list) {
 Strings Keys(const platform::ListView& list) {
     Strings keys;
     for (int place = 0; place < list.ItemCount(); ++place) {
-        keys.push_back(list.Item(place).Key);
+        keys.push_back(list.Item(place).Key());
     }
     return keys;
 }

@@ -14,6 +14,13 @@ CommandButton::CommandButton(Form& parent, std::string name, const Design& desig
       Default(*this, design.Default),
       Cancel(*this, design.Cancel) {}
 
+CommandButton::PressProperty& CommandButton::PressProperty::operator=(bool pressed) {
+    if (pressed && button_.Enabled) {
+        Raise(button_.Click);
+    }
+    return *this;
+}
+
 bool CommandButton::Press() {
     if (!CanFocus()) {
         return false;

@@ -19,6 +19,17 @@ class CommandButton final : public CaptionControl {
     /// Esc presses it while it is visible.
     Property<bool> Cancel;
     std::function<void()> Click;
+    /// Assigning true presses the button from code, hidden or not; a disabled one stays unpressed.
+    class PressProperty {
+      public:
+        explicit PressProperty(CommandButton& button) : button_(button) {}
+        PressProperty(const PressProperty&) = delete;
+        PressProperty& operator=(const PressProperty&) = delete;
+        PressProperty& operator=(bool pressed);
+
+      private:
+        CommandButton& button_;
+    } Value{*this};
 
     bool TakesFocus() const override { return true; }
     bool Press() override;

@@ -114,6 +114,9 @@ class Control : public PropertyOwner {
     virtual bool Press() { return false; }
     /// True when the control needs the Enter key for itself.
     virtual bool WantsEnter() const { return false; }
+    /// A key goes down while the control has the focus, after the window has had it: its code and the shift
+    /// state (1 Shift, 2 Ctrl, 4 Alt). A code set to 0 consumes the key.
+    std::function<void(int&, int)> KeyDown;
     /// A character for this control, after the window has had it; 0 in it consumes the key.
     virtual void RaiseKeyPress(int& KeyAscii) { (void)KeyAscii; }
 

@@ -47,6 +47,8 @@ class Desktop {
     /// A modal message box; returns the answer (msg::Answer...). Without a title it bears the program's name.
     virtual int MsgBox(const std::string& text, int flags = msg::OkOnly,
                        const std::optional<std::string>& title = std::nullopt) = 0;
+    /// A modal box that asks for one line of text; empty when it is cancelled.
+    virtual std::string InputBox(const std::string& prompt, const std::string& title) = 0;
     /// Shows the loaded window. A modal one runs its own event loop: the call returns when the window is
     /// unloaded. The desktop resizes and activates the window through its Input functions.
     virtual void Show(Form& form, bool modal, Form* owner) = 0;

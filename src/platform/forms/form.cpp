@@ -48,8 +48,12 @@ void Form::Load() {
     try {
         Form_Load();
     } catch (...) {
-        // A window whose load failed never was open.
-        Unload();
+        // A window whose load failed never was open, and how it failed is what is told: that its unload finds
+        // something missing, too, is only what follows.
+        try {
+            Unload();
+        } catch (const Error&) {
+        }
         throw;
     }
 }
@@ -157,10 +161,13 @@ bool Form::InputKey(int keyCode, int shift, int character) {
         }
         if (design_.KeyPreview) {
             Form_KeyDown(keyCode, shift);
-            if (keyCode == 0 || !loaded_) {
-                used = true;
-                return;
-            }
+        }
+        if (keyCode != 0 && loaded_ && active_ != nullptr) {
+            Control::Raise<int&, int>(active_->KeyDown, keyCode, shift);
+        }
+        if (keyCode == 0 || !loaded_) {
+            used = true;
+            return;
         }
         if (character == 0) {
             return;

@@ -28,8 +28,16 @@ inline constexpr int vbModeless = 0;
 /// Keys, as the codes that the key events hand on.
 namespace key {
 inline constexpr int Return = 13;
+inline constexpr int Alt = 18;
 inline constexpr int Escape = 27;
 }  // namespace key
+
+/// The bits of a key event's shift state.
+namespace shift {
+inline constexpr int Shift = 1;
+inline constexpr int Ctrl = 2;
+inline constexpr int Alt = 4;
+}  // namespace shift
 
 /// Design-time properties of a window. Sizes are those of the client area, in twips.
 struct FormDesign {

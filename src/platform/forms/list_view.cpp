@@ -62,8 +62,8 @@ void ListView::ClearColumns() {
 }
 
 void ListView::AddColumn(const std::string& text, int width, Align alignment, const std::string& icon) {
-    // Only 0 hides a column; a list too narrow for its columns must not lose one.
-    ColumnHeader header{text, width < 0 ? 1 : width, alignment, {}, std::nullopt};
+    constexpr int kLeast = 300;
+    ColumnHeader header{text, width == 0 ? 0 : std::max(width, kLeast), alignment, {}, std::nullopt};
     if (headerIcons_ != nullptr && !icon.empty()) {
         header.Icon = headerIcons_->PictureOf(icon);
     }
@@ -105,14 +105,13 @@ void ListView::ClearItems() {
 }
 
 ListItem& ListView::AddItem(std::string key, std::string text) {
-    ListItem& item = items_.emplace_back();
-    item.Key = std::move(key);
-    item.Text = std::move(text);
-    if (!item.Key.empty() && !keys_.insert(item.Key).second) {
-        const std::string taken = item.Key;
-        items_.pop_back();
+    if (!key.empty() && keys_.contains(key)) {
         throw Error(errors::KeyNotUnique,
-                    "The list " + FullName() + " has a row with the key " + taken + " already.", "forms");
+                    "The list " + FullName() + " has a row with the key " + key + " already.", "forms");
+    }
+    ListItem& item = items_.emplace_back(std::move(key), std::move(text));
+    if (!item.Key().empty()) {
+        keys_.insert(item.Key());
     }
     order_.push_back(static_cast<std::uint32_t>(items_.size() - 1));
     orderDue_ = orderDue_ || sorted_;

@@ -22,13 +22,16 @@ class ListView;
 /// A row of a list: a text, the texts of its further columns, and a key by which it is found again.
 class ListItem {
   public:
-    std::string Key;
+    ListItem(std::string key, std::string text) : Text(std::move(text)), key_(std::move(key)) {}
+    /// The list finds the row by it: fixed from the start.
+    const std::string& Key() const { return key_; }
     std::string Text;
     /// Sub-item by column, from 1; empty where none was added.
     const std::string& SubItems(std::size_t column) const;
     void AddSubItem(std::string text) { subItems_.push_back(std::move(text)); }
 
   private:
+    std::string key_;
     std::vector<std::string> subItems_;
 };
 
@@ -71,7 +74,8 @@ class ListView final : public Control {
 
     // --- columns ---
     void ClearColumns();
-    /// `icon` is a key of the heading images, or empty.
+    /// `icon` is a key of the heading images, or empty. A width that comes out too small to be seen and
+    /// grabbed, negative ones among them, becomes one that can be; only 0 hides the column.
     void AddColumn(const std::string& text, int width, Align alignment = Align::Left,
                    const std::string& icon = {});
     int ColumnCount() const { return static_cast<int>(columns_.size()); }

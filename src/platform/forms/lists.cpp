@@ -8,73 +8,79 @@
 
 namespace platform {
 
-ComboBox::ComboBox(Form& parent, std::string name, const Design& design, int index)
-    : Control(parent, std::move(name), design, index), ListIndex(*this, -1) {}
-
-void ComboBox::AddItem(const std::string& text) {
-    entries_.push_back({text, 0});
-    newIndex_ = ListCount() - 1;
-    Notify();
-}
-
-void ComboBox::Clear() {
-    entries_.clear();
-    newIndex_ = -1;
-    ListIndex.SetSilently(-1);
-    Notify();
-}
-
-const ComboBox::Entry& ComboBox::At(int index) const {
-    if (index < 0 || index >= ListCount()) {
-        throw Error(381, "The list " + FullName() + " has no entry " + std::to_string(index) + ".", "forms");
+LineList::IndexProperty& LineList::IndexProperty::operator=(int index) {
+    if (index < -1 || index >= list_.ListCount()) {
+        throw Error(errors::InvalidValue,
+                    "The list " + list_.FullName() + " has no line " + std::to_string(index) + " to select.",
+                    "forms");
     }
-    return entries_[static_cast<std::size_t>(index)];
+    const bool changed = index != list_.selected_;
+    list_.selected_ = index;
+    if (changed) {
+        list_.Notify();
+    }
+    if (list_.Clicks(index, changed)) {
+        Raise(list_.Click);
+    }
+    return *this;
 }
 
-const std::string& ComboBox::List(int index) const {
+void LineList::AddItem(const std::string& text) {
+    lines_.push_back({text, 0});
+    newIndex_ = ListCount() - 1;
+    LinesChanged();
+}
+
+void LineList::Clear() {
+    lines_.clear();
+    newIndex_ = -1;
+    selected_ = -1;
+    LinesChanged();
+}
+
+const LineList::Line& LineList::At(int index) const {
+    if (index < 0 || index >= ListCount()) {
+        throw Error(errors::InvalidIndex,
+                    "The list " + FullName() + " has no line " + std::to_string(index) + ".", "forms");
+    }
+    return lines_[static_cast<std::size_t>(index)];
+}
+
+const std::string& LineList::List(int index) const {
     return At(index).Text;
 }
-std::int32_t ComboBox::ItemData(int index) const {
+std::int32_t LineList::ItemData(int index) const {
     return At(index).Data;
 }
 
-void ComboBox::SetItemData(int index, std::int32_t data) {
+void LineList::SetItemData(int index, std::int32_t data) {
     At(index);
-    entries_[static_cast<std::size_t>(index)].Data = data;
+    lines_[static_cast<std::size_t>(index)].Data = data;
 }
 
-std::string ComboBox::Text() const {
-    return ListIndex < 0 ? std::string() : At(ListIndex).Text;
+std::string LineList::Text() const {
+    return selected_ < 0 ? std::string() : At(selected_).Text;
 }
 
-void ComboBox::PropertyChanged(const PropertyBase& property) {
-    if (&property == &ListIndex && (ListIndex < -1 || ListIndex >= ListCount())) {
-        const int wanted = ListIndex;
-        ListIndex.SetSilently(-1);
-        throw Error(380, "The list " + FullName() + " has no entry " + std::to_string(wanted) + " to select.",
-                    "forms");
-    }
+void LineList::LinesChanged() {
+    ++linesVersion_;
     Notify();
-    if (&property == &ListIndex) {
-        Raise(Click);
-    }
 }
 
-void ComboBox::Reset() {
-    entries_.clear();
-    newIndex_ = -1;
+void LineList::Reset() {
+    Clear();
     Control::Reset();
 }
 
-void ComboBox::InputIndex(int index) {
+void LineList::InputIndex(int index) {
     Parent().Screen().Event([&] {
-        if (CanFocus() && index >= 0 && index < ListCount()) {
-            // The user's choice counts as a click even when it is the entry that stood there.
-            if (ListIndex == index) {
-                Raise(Click);
-            } else {
-                ListIndex = index;
-            }
+        if (!CanFocus() || index < 0 || index >= ListCount()) {
+            return;
+        }
+        if (selected_ != index) {
+            ListIndex = index;
+        } else {
+            Raise(Click);
         }
     });
 }

@@ -18,6 +18,14 @@ class Image final : public Control {
     Property<std::string> Picture;
 };
 
+/// A plain area that holds other controls.
+class PictureBox final : public Control {
+  public:
+    PictureBox(Form& parent, std::string name, const Design& design, int index = -1)
+        : Control(parent, std::move(name), design, index) {}
+    std::string_view TypeName() const override { return "PictureBox"; }
+};
+
 /// Pictures for the headings of lists, by index from 0 or by key.
 class ImageList final : public Control {
   public:
