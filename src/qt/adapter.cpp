@@ -3,9 +3,8 @@
 
 #include "qt/adapter.h"
 
-#include <QApplication>
-
 #include "platform/forms/list_view.h"
+#include "qt/application.h"
 #include "qt/button_adapters.h"
 #include "qt/caption_adapters.h"
 #include "qt/colours.h"
@@ -53,6 +52,21 @@ void Adapter::Release() {
 
 bool Adapter::Filter(QEvent&) {
     return false;
+}
+
+void Adapter::Report(const std::function<void()>& input) {
+    if (window_.Flushing()) {
+        return;
+    }
+    const auto run = [this, input] {
+        window_.Input(input);
+        window_.Mark(*this);
+    };
+    if (Application::InUserEvent()) {
+        run();
+    } else {
+        QMetaObject::invokeMethod(&context_, run, Qt::QueuedConnection);
+    }
 }
 
 // --- WidgetAdapter ---

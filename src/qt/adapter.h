@@ -5,6 +5,7 @@
 
 #include <QPalette>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "platform/forms/control.h"
@@ -41,6 +42,11 @@ class Adapter : public platform::View {
   protected:
     /// Connections to the widget end with the adapter, which goes before the widget does.
     const QObject* Context() const { return &context_; }
+    /// For each signal of the widget that says what has changed, whether by mouse, key or accessibility
+    /// interface: `input` tells the control, and the widget then shows what the control has made of it. The
+    /// echo of a change of the control is no input. Whoever calls an accessibility interface isn't kept
+    /// waiting for the windows that open upon it: what he has done is the next event.
+    void Report(const std::function<void()>& input);
 
   private:
     FormWindow& window_;

@@ -3,12 +3,10 @@
 
 // The size of a window and the scale that its places are drawn to.
 
-#include <QApplication>
+#include <QLayout>
 #include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QVBoxLayout>
-#include <QWindow>
 #include <algorithm>
 
 #include "qt/form_window.h"

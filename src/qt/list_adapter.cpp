@@ -20,14 +20,12 @@ ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
     widget_->setHeader(header_);
     header_->setSectionsClickable(true);  // a list that doesn't sort by itself switches it off
     widget_->setModel(model_);
-    QObject::connect(widget_, &ListWidget::Chosen, Context(), [this](int row) {
-        Window().Input([&] { list_.InputSelect(row); });
-        Window().Mark(*this);
-    });
+    QObject::connect(widget_, &ListWidget::Chosen, Context(),
+                     [this](int row) { Report([this, row] { list_.InputSelect(row); }); });
     QObject::connect(widget_, &ListWidget::DoubleClicked, Context(),
-                     [this] { Window().Input([this] { list_.InputDoubleClick(); }); });
+                     [this] { Report([this] { list_.InputDoubleClick(); }); });
     QObject::connect(header_, &QHeaderView::sectionClicked, Context(),
-                     [this](int section) { Window().Input([&] { list_.InputColumnClick(section); }); });
+                     [this](int section) { Report([this, section] { list_.InputColumnClick(section); }); });
     // A column that the user drags wider is wider for the windows, too.
     QObject::connect(header_, &QHeaderView::sectionResized, Context(), [this](int section, int, int px) {
         if (Window().Live() && !Window().Flushing() && section < list_.ColumnCount() && px > 0) {
@@ -74,7 +72,7 @@ void ListViewAdapter::CarrySelection() {
     const int place = list_.SelectedIndex();
     if (place >= 0) {
         const QModelIndex row = model_->index(place, 0);
-        if (selection->currentIndex().row() != place || !selection->isRowSelected(place, {})) {
+        if (selection->currentIndex().row() != place || selection->selectedRows() != QModelIndexList{row}) {
             selection->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         }
         return;

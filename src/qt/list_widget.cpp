@@ -70,10 +70,11 @@ void ListWidget::initViewItemOption(QStyleOptionViewItem* option) const {
     }
 }
 
-void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QTreeView::currentChanged(current, previous);
-    if (!pressing_ && current.isValid()) {
-        emit Chosen(current.row());
+void ListWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    if (!pressing_) {
+        const QModelIndexList rows = selectionModel()->selectedRows();
+        emit Chosen(rows.isEmpty() ? -1 : rows.front().row());
     }
 }
 

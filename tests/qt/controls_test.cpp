@@ -121,7 +121,7 @@ TEST_F(ControlsTest, WhatIsPastedLosesItsControlCharacters) {
     const QString pasted = QString("a\r\nb\tc\x01") + QChar(0) + "d\n";
     QApplication::clipboard()->setText(pasted);
     auto* line = WidgetOf<QLineEdit>(Form.txtLine);
-    line->paste();
+    QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Form.txtLine.Text.Get(), "a b cd");
     EXPECT_EQ(Form.Changes, 1);
     EXPECT_EQ(line->cursorPosition(), line->text().size());
@@ -129,13 +129,13 @@ TEST_F(ControlsTest, WhatIsPastedLosesItsControlCharacters) {
     EXPECT_EQ(Form.txtLine.Text.Get(), "a b cd");
     line->selectAll();
     QApplication::clipboard()->setText("\tHCl\t\r\n");  // a cell of a table
-    line->paste();
+    QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Form.txtLine.Text.Get(), "HCl");
     EXPECT_EQ(line->cursorPosition(), 3);
     QApplication::clipboard()->setText(pasted);
 
     auto* area = WidgetOf<QPlainTextEdit>(Form.txtNote);
-    area->paste();
+    QTest::keyClick(area, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Form.txtNote.Text.Get(), "a\r\nb\tcd\r\n");
     EXPECT_EQ(Form.txtNote.SelStart.Get(), 9);
     Form.txtNote.SelStart = 3;
