@@ -102,7 +102,6 @@ void WidgetAdapter::Carry() {
     widget_->setAccessibleDescription(QString::fromStdString(control.ToolTipText));
     widget_->setEnabled(control.Enabled);
     CarryOwn();
-    widget_->setVisible(control.Visible);
 }
 
 // --- the types ---

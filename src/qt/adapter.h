@@ -54,7 +54,8 @@ class Adapter : public platform::View {
     QObject context_;
 };
 
-/// The view of a control with a widget: place, font, colour, tool tip, visible and enabled are alike for all.
+/// The view of a control with a widget: place, font, colour, tool tip and enabled are alike for all. The
+/// window shows and hides the widget, since that depends on its neighbours, too.
 class WidgetAdapter : public Adapter {
   public:
     WidgetAdapter(FormWindow& window, platform::Control& control, QWidget* widget);

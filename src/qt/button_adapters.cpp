@@ -150,7 +150,7 @@ bool OptionButtonAdapter::Filter(QEvent& event) {
         return false;
     }
     std::vector<platform::OptionButton*> group = Group(option_);
-    std::erase_if(group, [this](const auto* other) { return other != &option_ && !other->CanFocus(); });
+    std::erase_if(group, [this](const auto* other) { return other != &option_ && !other->Reachable(); });
     const auto self =
         static_cast<std::size_t>(std::find(group.begin(), group.end(), &option_) - group.begin());
     const std::size_t place = (self + (next ? 1 : group.size() - 1)) % group.size();

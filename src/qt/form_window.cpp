@@ -160,6 +160,7 @@ void FormWindow::Flush() {
                 adapter->Carry();
             }
         }
+        CarryVisible();
         if (namesDue_) {
             namesDue_ = false;
             for (const auto& adapter : adapters_) {
@@ -170,6 +171,16 @@ void FormWindow::Flush() {
         }
     }
     SettleFocus(false);
+}
+
+// What nobody sees isn't to be had by key or accessibility interface either.
+void FormWindow::CarryVisible() {
+    for (const auto& adapter : adapters_) {
+        if (QWidget* widget = adapter->Widget()) {
+            const platform::Control& control = adapter->Model();
+            widget->setVisible(control.Visible && !control.Covered());
+        }
+    }
 }
 
 void FormWindow::CarryForm() {

@@ -74,6 +74,7 @@ class FormWindow final : public QWidget, public platform::FormView {
   private:
     void MakeWidgets();
     void CarryForm();
+    void CarryVisible();
     void MarkAll();
     void PostFlush();
     void DeliverActivate();

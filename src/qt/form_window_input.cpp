@@ -33,7 +33,7 @@ void FormWindow::SettleFocus(bool idle) {
         return;  // in the menu bar
     }
     const platform::Control* const active = form_.ActiveControl();
-    if (active != nullptr && active->CanFocus()) {
+    if (active != nullptr && active->Reachable()) {
         if (focused == nullptr || &focused->Model() != active) {
             FocusActive();
         }

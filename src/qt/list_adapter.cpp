@@ -3,6 +3,8 @@
 
 #include "qt/list_adapter.h"
 
+#include <algorithm>
+
 #include "qt/form_window.h"
 #include "qt/list_header.h"
 #include "qt/list_model.h"
@@ -58,11 +60,14 @@ void ListViewAdapter::CarryOwn() {
 }
 
 void ListViewAdapter::CarryWidths() {
+    constexpr int kLeast = 300;  // twips that can be seen and grabbed
+    const int least = Window().Measure().Px(kLeast);
+    header_->setMinimumSectionSize(least);
     for (int i = 0; i < list_.ColumnCount(); ++i) {
         const int width = list_.Column(i).Width;
-        header_->setSectionHidden(i, width <= 0);
-        if (width > 0) {
-            header_->resizeSection(i, Window().Measure().Px(width));
+        header_->setSectionHidden(i, width == 0);
+        if (width != 0) {
+            header_->resizeSection(i, std::max(Window().Measure().Px(width), least));
         }
     }
 }

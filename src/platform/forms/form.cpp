@@ -65,7 +65,7 @@ void Form::Show(int modal, Form* owner) {
     }
     if (active_ == nullptr) {
         for (Control* control : controls_) {
-            if (control->TakesFocus() && control->CanFocus()) {
+            if (control->TakesFocus() && control->Reachable()) {
                 active_ = control;
                 break;
             }

@@ -199,7 +199,7 @@ void ListView::Reset() {
 
 void ListView::InputSelect(int place) {
     Parent().Screen().Event([&] {
-        if (!CanFocus() || place < 0 || place >= ItemCount()) {
+        if (!Reachable() || place < 0 || place >= ItemCount()) {
             return;
         }
         Select(place);
@@ -210,7 +210,7 @@ void ListView::InputSelect(int place) {
 
 void ListView::InputDoubleClick() {
     Parent().Screen().Event([this] {
-        if (CanFocus()) {
+        if (Reachable()) {
             Raise(DblClick);
         }
     });
@@ -218,7 +218,7 @@ void ListView::InputDoubleClick() {
 
 void ListView::InputColumnClick(int column) {
     Parent().Screen().Event([&] {
-        if (CanFocus() && column >= 0 && column < ColumnCount()) {
+        if (Reachable() && column >= 0 && column < ColumnCount()) {
             Raise<int>(ColumnClick, column + 1);
         }
     });
