@@ -228,10 +228,8 @@ int QtDesktop::RunBox(QDialog& box) {
     const bool hourglass = hourglass_;
     MousePointer(platform::pointer::Default);
     ++boxes_;
-    const int result = [&box] {
-        const auto guard = Application::EnterLoop();
-        return box.exec();
-    }();
+    const auto guard = Application::EnterLoop();
+    const int result = box.exec();
     --boxes_;
     EndRunWhenDone();
     if (hourglass) {

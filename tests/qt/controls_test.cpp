@@ -3,6 +3,7 @@
 
 // Text boxes, drop-down lists, formulas and labels, on real widgets.
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
@@ -105,6 +106,7 @@ TEST_F(ControlsTest, ALockedBoxCanBeCopiedFromAndNothingElse) {
         box->Text = "fast";
         box->Locked = true;
         box->SetFocus();
+        EXPECT_TRUE(QAccessible::queryAccessibleInterface(WidgetOf<QWidget>(*box))->state().readOnly);
         QApplication::clipboard()->clear();
         Key(Qt::Key_X);
         Key(Qt::Key_A, Qt::ControlModifier);
