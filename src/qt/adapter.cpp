@@ -12,6 +12,7 @@
 #include "qt/combo_adapter.h"
 #include "qt/form_window.h"
 #include "qt/list_adapter.h"
+#include "qt/list_box_adapter.h"
 #include "qt/menu_adapter.h"
 #include "qt/picture_adapters.h"
 #include "qt/text_adapter.h"
@@ -103,6 +104,8 @@ std::unique_ptr<Adapter> MakeAdapter(FormWindow& window, platform::Control& cont
         Make<platform::TextBox, TextBoxAdapter>(window, control, adapter) ||
         Make<platform::ComboBox, ComboBoxAdapter>(window, control, adapter) ||
         Make<platform::ListView, ListViewAdapter>(window, control, adapter) ||
+        Make<platform::ListBox, ListBoxAdapter>(window, control, adapter) ||
+        Make<platform::PictureBox, PictureBoxAdapter>(window, control, adapter) ||
         Make<platform::Image, ImageAdapter>(window, control, adapter) ||
         Make<platform::oFormula, FormulaAdapter>(window, control, adapter) ||
         Make<platform::Menu, MenuAdapter>(window, control, adapter);

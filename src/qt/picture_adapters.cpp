@@ -51,6 +51,11 @@ void ImageAdapter::CarryOwn() {
     widget_->Show(QString::fromStdString(image_.Picture));
 }
 
+// --- PictureBox ---
+
+PictureBoxAdapter::PictureBoxAdapter(FormWindow& window, platform::PictureBox& box)
+    : WidgetAdapter(window, box, Child<QWidget>(ParentOf(window, box))) {}
+
 // --- oFormula ---
 
 FormulaAdapter::FormulaAdapter(FormWindow& window, platform::oFormula& formula)

@@ -24,6 +24,14 @@ class ImageAdapter final : public WidgetAdapter {
     PictureWidget* widget_;
 };
 
+class PictureBoxAdapter final : public WidgetAdapter {
+  public:
+    PictureBoxAdapter(FormWindow& window, platform::PictureBox& box);
+
+  protected:
+    void CarryOwn() override {}
+};
+
 class FormulaAdapter final : public WidgetAdapter {
   public:
     FormulaAdapter(FormWindow& window, platform::oFormula& formula);

@@ -96,8 +96,8 @@ TEST(MainWindow, ItsMenuOpensTheOtherWindows) {
         shown.Unload();
     });
     window.mnuInställningar.InputClick();
-    window.mnuUMetal.InputClick();  // the program has no such window here
-    EXPECT_FALSE(window.mnuUMetal.Enabled);
+    window.mnuUpd.InputClick();  // the program has no such window here
+    EXPECT_FALSE(window.mnuUpd.Enabled);
     EXPECT_EQ(run.Desktop.Logged("show frm"),
               (Strings{"show frmMain", "show frmUChemicals modal", "show frmAbout modal",
                        "show frmInställningar modal over frmMain"}));

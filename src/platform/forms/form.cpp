@@ -35,6 +35,11 @@ Control* Form::ControlNamed(const std::string& fullName) const {
     return found == controls_.end() ? nullptr : *found;
 }
 
+void Form::PutBefore(Control& control, const Control& other) {
+    std::erase(controls_, &control);
+    controls_.insert(std::find(controls_.begin(), controls_.end(), &other), &control);
+}
+
 // --- life ---
 
 void Form::Load() {

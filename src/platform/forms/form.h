@@ -115,6 +115,9 @@ class Form : public PropertyOwner {
     void PropertyChanged(const PropertyBase& property) override;
 
   protected:
+    /// Gives a control its place in the order right before another one: the order of the Tab key.
+    void PutBefore(Control& control, const Control& other);
+
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Resize() {}

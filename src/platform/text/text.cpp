@@ -104,6 +104,17 @@ std::string LCase(std::string_view text) {
     return result;
 }
 
+std::string UCase(std::string_view text) {
+    icu::UnicodeString upper;
+    const icu::UnicodeString given = Utf16(text);
+    for (std::int32_t i = 0; i < given.length(); i = given.moveIndex32(i, 1)) {
+        upper.append(u_toupper(given.char32At(i)));
+    }
+    std::string result;
+    upper.toUTF8String(result);
+    return result;
+}
+
 std::size_t InStr(std::string_view text, std::string_view what) {
     const auto at = text.find(what);
     return at == std::string_view::npos ? 0 : Len(text.substr(0, at)) + 1;
