@@ -27,7 +27,7 @@ platform::Design BoxAt(int left, int top) {
 
 platform::Design NoteAt(int left, int top) {
     return {
-        .Left = left, .Top = top, .Width = kColumnWidth, .Height = 2100, .Locked = true, .MultiLine = true};
+        .Left = left, .Top = top, .Width = kColumnWidth, .Height = 2640, .Locked = true, .MultiLine = true};
 }
 
 }  // namespace
