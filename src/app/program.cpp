@@ -7,7 +7,9 @@
 #include "maintenance/frmUConcentration.h"
 #include "maintenance/frmUMaterial.h"
 #include "maintenance/frmUTemperature.h"
+#include "relations/frmURelations.h"
 #include "search/frmMain.h"
+#include "settings/frmInstallningar.h"
 #include "sheet/frmChemical.h"
 #include "texts/frmLang.h"
 
@@ -36,6 +38,8 @@ Program::Program(platform::Desktop& desktop, const std::filesystem::path& folder
     Main.Windows.UPlast = Maker(frmUPlast_);
     Main.Windows.UTight = Maker(frmUTight_);
     Main.Windows.UMisc = Maker(frmUMisc_);
+    Main.Windows.URelations = Maker(frmURelations_);
+    Main.Windows.Inställningar = Maker(frmInställningar_);
 }
 
 Program::~Program() = default;

@@ -10,12 +10,14 @@
 
 namespace vemora {
 
+class frmInställningar;
 class frmLang;
 class frmMain;
 class frmUChemicals;
 class frmUConcentration;
 class frmUMetal;
 class frmUMisc;
+class frmURelations;
 class frmUPlast;
 class frmUTemperature;
 class frmUTight;
@@ -43,6 +45,8 @@ class Program {
     std::unique_ptr<vemora::frmUPlast> frmUPlast_;
     std::unique_ptr<vemora::frmUTight> frmUTight_;
     std::unique_ptr<vemora::frmUMisc> frmUMisc_;
+    std::unique_ptr<vemora::frmURelations> frmURelations_;
+    std::unique_ptr<vemora::frmInställningar> frmInställningar_;
 };
 
 }  // namespace vemora

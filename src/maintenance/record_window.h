@@ -40,9 +40,9 @@ class RecordWindow : public Window {
     platform::ControlArray<platform::Label> lblLabels;
     platform::ListBox lst;
     platform::PictureBox picButtons;
-    platform::CommandButton cmdAdd, cmdEdit;
+    platform::CommandButton cmdAdd, cmdCancel, cmdEdit;  // Cancel lies over Edit
     platform::ControlArray<platform::TextBox> txtFields;
-    platform::CommandButton cmdUpdate, cmdCancel, cmdDelete, cmdRefresh, cmdClose;
+    platform::CommandButton cmdUpdate, cmdDelete, cmdRefresh, cmdClose;
 
   protected:
     RecordWindow(mMain& main, const Difference& difference, RecordLayout layout);

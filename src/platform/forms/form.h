@@ -16,7 +16,9 @@
 #include "platform/forms/lists.h"
 #include "platform/forms/menu.h"
 #include "platform/forms/pictures.h"
+#include "platform/forms/rich_text_box.h"
 #include "platform/forms/static.h"
+#include "platform/forms/tabs.h"
 #include "platform/forms/text_box.h"
 
 namespace platform {
