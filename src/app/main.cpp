@@ -1,15 +1,15 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-#include <QApplication>
 #include <filesystem>
 
 #include "app/program.h"
+#include "qt/application.h"
 #include "qt/desktop.h"
 #include "qt/pictures.h"
 
 int main(int argc, char* argv[]) {
-    QApplication application(argc, argv);
+    qt::Application application(argc, argv);
     QApplication::setApplicationName("Vemora");
     QApplication::setApplicationVersion(VEMORA_VERSION);
     QApplication::setDesktopFileName("vemora");

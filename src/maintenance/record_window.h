@@ -36,13 +36,13 @@ class RecordWindow : public Window {
     const RecordLayout layout_;
 
   public:
-    // The order is that of the Tab key: from Edit on to the boxes that it opens.
+    // In the order of the Tab key. What is declared first lies on top: Cancel over Edit. From Edit, which it
+    // covers, the keyboard goes on to the first text box.
     platform::ControlArray<platform::Label> lblLabels;
     platform::ListBox lst;
-    platform::PictureBox picButtons;
-    platform::CommandButton cmdAdd, cmdCancel, cmdEdit;  // Cancel lies over Edit
     platform::ControlArray<platform::TextBox> txtFields;
-    platform::CommandButton cmdUpdate, cmdDelete, cmdRefresh, cmdClose;
+    platform::PictureBox picButtons;
+    platform::CommandButton cmdAdd, cmdUpdate, cmdCancel, cmdEdit, cmdDelete, cmdRefresh, cmdClose;
 
   protected:
     RecordWindow(mMain& main, const Difference& difference, RecordLayout layout);

@@ -3,9 +3,8 @@
 
 #include "qt/adapter.h"
 
-#include <QApplication>
-
 #include "platform/forms/list_view.h"
+#include "qt/application.h"
 #include "qt/button_adapters.h"
 #include "qt/caption_adapters.h"
 #include "qt/colours.h"
@@ -15,6 +14,7 @@
 #include "qt/list_box_adapter.h"
 #include "qt/menu_adapter.h"
 #include "qt/picture_adapters.h"
+#include "qt/tab_adapter.h"
 #include "qt/text_adapter.h"
 #include "qt/texts.h"
 
@@ -56,6 +56,21 @@ bool Adapter::Filter(QEvent&) {
     return false;
 }
 
+void Adapter::Report(const std::function<void()>& input) {
+    if (window_.Flushing()) {
+        return;
+    }
+    const auto run = [this, input] {
+        window_.Input(input);
+        window_.Mark(*this);
+    };
+    if (Application::InUserEvent()) {
+        run();
+    } else {
+        QMetaObject::invokeMethod(&context_, run, Qt::QueuedConnection);
+    }
+}
+
 // --- WidgetAdapter ---
 
 WidgetAdapter::WidgetAdapter(FormWindow& window, platform::Control& control, QWidget* widget)
@@ -89,7 +104,6 @@ void WidgetAdapter::Carry() {
     widget_->setAccessibleDescription(QString::fromStdString(control.ToolTipText));
     widget_->setEnabled(control.Enabled);
     CarryOwn();
-    widget_->setVisible(control.Visible);
 }
 
 // --- the types ---
@@ -104,6 +118,7 @@ std::unique_ptr<Adapter> MakeAdapter(FormWindow& window, platform::Control& cont
         Make<platform::TextBox, TextBoxAdapter>(window, control, adapter) ||
         Make<platform::ComboBox, ComboBoxAdapter>(window, control, adapter) ||
         Make<platform::ListView, ListViewAdapter>(window, control, adapter) ||
+        Make<platform::SSTab, TabAdapter>(window, control, adapter) ||
         Make<platform::ListBox, ListBoxAdapter>(window, control, adapter) ||
         Make<platform::PictureBox, PictureBoxAdapter>(window, control, adapter) ||
         Make<platform::Image, ImageAdapter>(window, control, adapter) ||
@@ -119,7 +134,8 @@ Adapter* AdapterOf(const platform::Control& control) {
 QWidget* ParentOf(const FormWindow& window, const platform::Control& control) {
     const Adapter* const container =
         control.Container() != nullptr ? AdapterOf(*control.Container()) : nullptr;
-    return container != nullptr && container->Widget() != nullptr ? container->Widget() : window.Canvas();
+    QWidget* const content = container != nullptr ? container->Content(control) : nullptr;
+    return content != nullptr ? content : window.Canvas();
 }
 
 }  // namespace qt

@@ -5,6 +5,7 @@
 
 #include <QPalette>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "platform/forms/control.h"
@@ -30,6 +31,8 @@ class Adapter : public platform::View {
     virtual void Carry() = 0;
     /// Null for what has no place of its own in the window.
     virtual QWidget* Widget() const { return nullptr; }
+    /// The widget in which what lies on this control lies.
+    virtual QWidget* Content(const platform::Control& control) const { return (void)control, Widget(); }
     /// The control is about to go: nothing may ask it any more.
     virtual void Release();
     /// An event of the widget before the widget has it; true when the widget must not have it.
@@ -41,6 +44,11 @@ class Adapter : public platform::View {
   protected:
     /// Connections to the widget end with the adapter, which goes before the widget does.
     const QObject* Context() const { return &context_; }
+    /// For each signal of the widget that says what has changed, whether by mouse, key or accessibility
+    /// interface: `input` tells the control, and the widget then shows what the control has made of it. The
+    /// echo of a change of the control is no input. Whoever calls an accessibility interface isn't kept
+    /// waiting for the windows that open upon it: what he has done is the next event.
+    void Report(const std::function<void()>& input);
 
   private:
     FormWindow& window_;
@@ -48,7 +56,8 @@ class Adapter : public platform::View {
     QObject context_;
 };
 
-/// The view of a control with a widget: place, font, colour, tool tip, visible and enabled are alike for all.
+/// The view of a control with a widget: place, font, colour, tool tip and enabled are alike for all. The
+/// window shows and hides the widget, since that depends on its neighbours, too.
 class WidgetAdapter : public Adapter {
   public:
     WidgetAdapter(FormWindow& window, platform::Control& control, QWidget* widget);

@@ -19,11 +19,21 @@ namespace qt {
 
 namespace {
 
+// A button that is on or off as its control is: a click alone doesn't turn it.
+template <class Button>
+class Shown final : public Button {
+  public:
+    using Button::Button;
+
+  protected:
+    void nextCheckState() override {}
+};
+
 QAbstractButton* MakeCheckBox(const FormWindow& window, const platform::CheckBox& box) {
     if (!box.ButtonLike()) {
-        return Child<QCheckBox>(ParentOf(window, box));
+        return Child<Shown<QCheckBox>>(ParentOf(window, box));
     }
-    auto* button = Child<QPushButton>(ParentOf(window, box));
+    auto* button = Child<Shown<QPushButton>>(ParentOf(window, box));
     button->setAutoDefault(false);
     button->setCheckable(true);
     return button;
@@ -47,11 +57,10 @@ std::vector<platform::OptionButton*> Group(const platform::OptionButton& option)
 
 ButtonAdapter::ButtonAdapter(FormWindow& window, platform::CaptionControl& control, QAbstractButton* button)
     : WidgetAdapter(window, control, button), control_(control), button_(button) {
-    QObject::connect(button, &QAbstractButton::clicked, Context(), [this] {
-        Window().Input([this] { Pressed(); });
-        // The widget may show what the window has not taken.
-        Window().Mark(*this);
-    });
+    const auto pressed = [this] { Report([this] { Pressed(); }); };
+    QObject::connect(button, &QAbstractButton::clicked, Context(), pressed);
+    // Not by a click, see Shown: an accessibility interface has turned it.
+    QObject::connect(button, &QAbstractButton::toggled, Context(), pressed);
 }
 
 void ButtonAdapter::CarryOwn() {
@@ -111,7 +120,7 @@ void CheckBoxAdapter::CarryOwn() {
 // --- OptionButton ---
 
 OptionButtonAdapter::OptionButtonAdapter(FormWindow& window, platform::OptionButton& option)
-    : ButtonAdapter(window, option, Child<QRadioButton>(ParentOf(window, option))),
+    : ButtonAdapter(window, option, Child<Shown<QRadioButton>>(ParentOf(window, option))),
       option_(option),
       widget_(static_cast<QRadioButton*>(Widget())) {
     widget_->setAutoExclusive(false);  // which one is on is the model's business
@@ -141,7 +150,7 @@ bool OptionButtonAdapter::Filter(QEvent& event) {
         return false;
     }
     std::vector<platform::OptionButton*> group = Group(option_);
-    std::erase_if(group, [this](const auto* other) { return other != &option_ && !other->CanFocus(); });
+    std::erase_if(group, [this](const auto* other) { return other != &option_ && !other->Reachable(); });
     const auto self =
         static_cast<std::size_t>(std::find(group.begin(), group.end(), &option_) - group.begin());
     const std::size_t place = (self + (next ? 1 : group.size() - 1)) % group.size();

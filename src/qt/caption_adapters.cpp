@@ -22,7 +22,7 @@ platform::Control* NextFocusable(const platform::Label& label) {
     const auto& controls = label.Parent().Controls();
     const auto self = std::find(controls.begin(), controls.end(), &label);
     const auto next = std::find_if(self, controls.end(), [](const platform::Control* control) {
-        return control->TakesFocus() && control->CanFocus();
+        return control->TakesFocus() && control->Reachable();
     });
     return next == controls.end() ? nullptr : *next;
 }

@@ -8,6 +8,7 @@
 #include <QStyleOptionComboBox>
 #include <QStyledItemDelegate>
 
+#include "qt/application.h"
 #include "qt/form_window.h"
 #include "qt/owned.h"
 #include "qt/texts.h"
@@ -46,9 +47,13 @@ ComboBoxAdapter::ComboBoxAdapter(FormWindow& window, platform::ComboBox& combo)
     constexpr int kRowsOfPopup = 15;
     widget_->setMaxVisibleItems(kRowsOfPopup);
     widget_->setItemDelegate(Child<EntryDelegate>(widget_));
-    QObject::connect(widget_, &QComboBox::activated, Context(), [this](int index) {
-        Window().Input([&] { combo_.InputIndex(index); });
-        Window().Mark(*this);
+    const auto chosen = [this](int index) { Report([this, index] { combo_.InputIndex(index); }); };
+    QObject::connect(widget_, &QComboBox::activated, Context(), chosen);
+    // Mouse and keys end in the signal above, also when they choose the entry that stands there.
+    QObject::connect(widget_, &QComboBox::currentIndexChanged, Context(), [chosen](int index) {
+        if (!Application::InUserEvent()) {
+            chosen(index);
+        }
     });
 }
 

@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "platform/forms/form.h"
+#include "qt/application.h"
 #include "qt/form_window.h"
 #include "qt/style.h"
 #include "qt/texts.h"
@@ -162,6 +163,7 @@ void QtDesktop::Show(platform::Form& form, bool modal, platform::Form* owner) {
 
 void QtDesktop::RunModal(platform::Form& form) {
     QEventLoop loop;
+    const auto guard = Application::EnterLoop();
     loops_.push_back({&form, &loop});
     loop.exec();
     loops_.pop_back();
@@ -226,7 +228,10 @@ int QtDesktop::RunBox(QDialog& box) {
     const bool hourglass = hourglass_;
     MousePointer(platform::pointer::Default);
     ++boxes_;
-    const int result = box.exec();
+    const int result = [&box] {
+        const auto guard = Application::EnterLoop();
+        return box.exec();
+    }();
     --boxes_;
     EndRunWhenDone();
     if (hourglass) {

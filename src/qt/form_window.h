@@ -73,18 +73,23 @@ class FormWindow final : public QWidget, public platform::FormView {
 
   private:
     void MakeWidgets();
+    void CarryForm();
+    void CarryVisible();
     void MarkAll();
     void PostFlush();
-    void CarryForm();
+    void DeliverActivate();
+
+    // Focus and keys: form_window_input.cpp.
+    Adapter* FocusedAdapter() const;
     void SettleFocus(bool idle);
+    bool FocusIn(Adapter& adapter, Qt::FocusReason reason);
+    bool KeyPressed(const QKeyEvent& event);
+
+    // Size and scale: form_window_size.cpp.
+    int BarHeight(int width) const;
     void SizeForDesign(const QWidget* owner);
     void Rescale();
-    int BarHeight(int width) const;
     void ReportSize();
-    void DeliverActivate();
-    bool KeyPressed(const QKeyEvent& event);
-    bool FocusIn(Adapter& adapter, Qt::FocusReason reason);
-    Adapter* FocusedAdapter() const;
 
     platform::Form& form_;
     std::function<void()> activated_;

@@ -3,6 +3,8 @@
 
 #include "qt/list_adapter.h"
 
+#include <algorithm>
+
 #include "qt/form_window.h"
 #include "qt/list_header.h"
 #include "qt/list_model.h"
@@ -20,14 +22,25 @@ ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
     widget_->setHeader(header_);
     header_->setSectionsClickable(true);  // a list that doesn't sort by itself switches it off
     widget_->setModel(model_);
-    QObject::connect(widget_, &ListWidget::Chosen, Context(), [this](int row) {
-        Window().Input([&] { list_.InputSelect(row); });
-        Window().Mark(*this);
-    });
+    QObject::connect(widget_, &ListWidget::Chosen, Context(),
+                     [this](int row) { Report([this, row] { list_.InputSelection(SelectedRows(), row); }); });
+    QObject::connect(widget_, &ListWidget::Clicked, Context(),
+                     [this] { Report([this] { list_.InputClick(); }); });
+    if (list.MultiSelect()) {
+        widget_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    }
+    // A tick on one of several selected rows goes for all of them.
+    model_->Ticked = [this](int row, bool checked) {
+        std::vector<int> rows = SelectedRows();
+        if (std::find(rows.begin(), rows.end(), row) == rows.end()) {
+            rows = {row};
+        }
+        Report([this, rows, checked] { list_.InputCheck(rows, checked); });
+    };
     QObject::connect(widget_, &ListWidget::DoubleClicked, Context(),
-                     [this] { Window().Input([this] { list_.InputDoubleClick(); }); });
+                     [this] { Report([this] { list_.InputDoubleClick(); }); });
     QObject::connect(header_, &QHeaderView::sectionClicked, Context(),
-                     [this](int section) { Window().Input([&] { list_.InputColumnClick(section); }); });
+                     [this](int section) { Report([this, section] { list_.InputColumnClick(section); }); });
     // A column that the user drags wider is wider for the windows, too.
     QObject::connect(header_, &QHeaderView::sectionResized, Context(), [this](int section, int, int px) {
         if (Window().Live() && !Window().Flushing() && section < list_.ColumnCount() && px > 0) {
@@ -53,6 +66,10 @@ void ListViewAdapter::CarryOwn() {
     if (columnsChanged || line != linePx_) {
         CarryWidths();
     }
+    if (checks_ != list_.ChecksVersion() && rows_ == list_.RowsVersion()) {
+        model_->ChecksChanged();
+    }
+    checks_ = list_.ChecksVersion();
     rows_ = list_.RowsVersion();
     columns_ = list_.ColumnsVersion();
     linePx_ = line;
@@ -60,21 +77,56 @@ void ListViewAdapter::CarryOwn() {
 }
 
 void ListViewAdapter::CarryWidths() {
+    constexpr int kLeast = 300;  // twips that can be seen and grabbed
+    const int least = Window().Measure().Px(kLeast);
+    header_->setMinimumSectionSize(least);
     for (int i = 0; i < list_.ColumnCount(); ++i) {
         const int width = list_.Column(i).Width;
-        header_->setSectionHidden(i, width <= 0);
-        if (width > 0) {
-            header_->resizeSection(i, Window().Measure().Px(width));
+        header_->setSectionHidden(i, width == 0);
+        if (width != 0) {
+            header_->resizeSection(i, std::max(Window().Measure().Px(width), least));
         }
     }
 }
 
+std::vector<int> ListViewAdapter::SelectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& index : widget_->selectionModel()->selectedRows()) {
+        rows.push_back(index.row());
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void ListViewAdapter::CarrySeveral() {
+    std::vector<int> wanted;
+    QItemSelection rows;
+    for (int i = 0; i < list_.ItemCount(); ++i) {
+        if (list_.Item(i).Selected()) {
+            wanted.push_back(i);
+            rows.select(model_->index(i, 0), model_->index(i, 0));
+        }
+    }
+    QItemSelectionModel* const selection = widget_->selectionModel();
+    if (wanted != SelectedRows()) {
+        selection->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    const int place = std::max(list_.SelectedIndex(), 0);
+    if (place < list_.ItemCount() && (!selection->currentIndex().isValid() || list_.SelectedIndex() >= 0)) {
+        selection->setCurrentIndex(model_->index(place, 0), QItemSelectionModel::NoUpdate);
+    }
+}
+
 void ListViewAdapter::CarrySelection() {
+    if (list_.MultiSelect()) {
+        CarrySeveral();
+        return;
+    }
     QItemSelectionModel* const selection = widget_->selectionModel();
     const int place = list_.SelectedIndex();
     if (place >= 0) {
         const QModelIndex row = model_->index(place, 0);
-        if (selection->currentIndex().row() != place || !selection->isRowSelected(place, {})) {
+        if (selection->currentIndex().row() != place || selection->selectedRows() != QModelIndexList{row}) {
             selection->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         }
         return;

@@ -19,10 +19,8 @@ ListBoxAdapter::ListBoxAdapter(FormWindow& window, platform::ListBox& list)
       model_(Child<LineModel>(list, widget_)) {
     widget_->setHeaderHidden(true);
     widget_->setModel(model_);
-    QObject::connect(widget_, &ListWidget::Chosen, Context(), [this](int row) {
-        Window().Input([&] { list_.InputIndex(row); });
-        Window().Mark(*this);
-    });
+    QObject::connect(widget_, &ListWidget::Chosen, Context(),
+                     [this](int row) { Report([this, row] { list_.InputIndex(row); }); });
 }
 
 void ListBoxAdapter::Release() {
@@ -38,7 +36,8 @@ void ListBoxAdapter::CarryOwn() {
     QItemSelectionModel* const selection = widget_->selectionModel();
     const int line = list_.ListIndex;
     if (line >= 0) {
-        if (selection->currentIndex().row() != line || !selection->isRowSelected(line, {})) {
+        if (selection->currentIndex().row() != line ||
+            selection->selectedRows() != QModelIndexList{model_->index(line, 0)}) {
             selection->setCurrentIndex(model_->index(line, 0),
                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
             widget_->scrollTo(model_->index(line, 0));

@@ -22,7 +22,6 @@ ListHeader::ListHeader(const platform::ListView& list, QWidget* parent)
     setSectionsMovable(false);
     setHighlightSections(false);
     setStretchLastSection(false);
-    setMinimumSectionSize(1);
 }
 
 QString ListHeader::SortPicture(int section) const {

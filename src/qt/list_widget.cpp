@@ -70,10 +70,13 @@ void ListWidget::initViewItemOption(QStyleOptionViewItem* option) const {
     }
 }
 
-void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QTreeView::currentChanged(current, previous);
-    if (!pressing_ && current.isValid()) {
-        emit Chosen(current.row());
+void ListWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    if (!pressing_) {
+        const QModelIndexList rows = selectionModel()->selectedRows();
+        emit Chosen(rows.isEmpty()                       ? -1
+                    : selectionMode() == SingleSelection ? rows.front().row()
+                                                         : currentIndex().row());
     }
 }
 
@@ -83,8 +86,12 @@ void ListWidget::mousePressEvent(QMouseEvent* event) {
         QTreeView::mousePressEvent(event);
     }
     const QModelIndex pressed = indexAt(event->position().toPoint());
-    if (pressed.isValid()) {
+    // Beside the rows of a list of one choice that choice stays.
+    if (pressed.isValid() || selectionMode() != SingleSelection) {
         emit Chosen(pressed.row());
+    }
+    if (event->button() == Qt::LeftButton) {
+        emit Clicked();
     }
 }
 

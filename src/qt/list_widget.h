@@ -15,14 +15,16 @@ class ListWidget final : public QTreeView {
     explicit ListWidget(QWidget* parent);
 
   signals:
-    /// A row has become the current one by mouse or key, or has been clicked again.
+    /// A row has been selected, or has been clicked again; -1 when none is selected any more.
     void Chosen(int row);
+    /// A click anywhere in the list, behind what it has chosen.
+    void Clicked();
     /// A double click anywhere in the list, on its empty part too.
     void DoubleClicked();
 
   protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

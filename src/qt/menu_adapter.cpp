@@ -43,7 +43,7 @@ MenuAdapter::MenuAdapter(FormWindow& window, platform::Menu& menu)
     action_->setShortcutContext(Qt::WindowShortcut);
     action_->setShortcut(QKeySequence(QString::fromStdString(menu.Shortcut()), QKeySequence::PortableText));
     QObject::connect(action_, &QAction::triggered, Context(),
-                     [this] { Window().Input([this] { menu_.InputClick(); }); });
+                     [this] { Report([this] { menu_.InputClick(); }); });
 }
 
 void MenuAdapter::Carry() {

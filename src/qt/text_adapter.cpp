@@ -80,7 +80,7 @@ TextBoxAdapter::TextBoxAdapter(FormWindow& window, platform::TextBox& box)
       line_(qobject_cast<QLineEdit*>(Widget())),
       area_(qobject_cast<QPlainTextEdit*>(Widget())) {
     if (line_ != nullptr) {
-        QObject::connect(line_, &QLineEdit::textEdited, Context(), [this] { Edited(); });
+        QObject::connect(line_, &QLineEdit::textChanged, Context(), [this] { Edited(); });
         QObject::connect(line_, &QLineEdit::cursorPositionChanged, Context(), [this] { Mirror(); });
         QObject::connect(line_, &QLineEdit::selectionChanged, Context(), [this] { Mirror(); });
     } else {
@@ -139,8 +139,7 @@ void TextBoxAdapter::Edited() {
     }
     MirrorSelection();
     const QString text = line_ != nullptr ? Shown() : WithCrLf(Shown());
-    Window().Input([&] { box_.InputText(text.toStdString()); });
-    Window().Mark(*this);
+    Report([this, text] { box_.InputText(text.toStdString()); });
 }
 
 void TextBoxAdapter::Mirror() {

@@ -17,163 +17,116 @@
 namespace test {
 namespace {
 
-struct Sheet : platform::Form {
-    explicit Sheet(platform::Desktop& desktop)
-        : Form(desktop, "frmSheet", {.ClientWidth = 6000, .ClientHeight = 4200}) {
-        txtLine.Change = [this] { ++Changes; };
-        cboLang.Click = [this] { Chosen.push_back(cboLang.ListIndex); };
-        cmdClose.Click = [this] { Unload(); };
-    }
-    TextBox txtLine{*this, "txtLine", {.Left = 120, .Top = 120, .Width = 2000, .Height = 345}};
-    TextBox txtNote{
-        *this, "txtNote", {.Left = 120, .Top = 600, .Width = 2000, .Height = 900, .MultiLine = true}};
-    Label lblLang{
-        *this, "lblLang", {.Left = 2400, .Top = 120, .Width = 1500, .Height = 255, .Caption = "Språk"}};
-    ComboBox cboLang{*this, "cboLang", {.Left = 2400, .Top = 600, .Width = 1800, .Height = 345}};
-    oFormula oFormula1{
-        *this, "oFormula1", {.Left = 2400, .Top = 1200, .Width = 1800, .Height = 450, .Locked = true}};
-    Label lblOwn{*this,
-                 "lblOwn",
-                 {.Left = 120,
-                  .Top = 1700,
-                  .Width = 1500,
-                  .Height = 255,
-                  .Caption = "Own",
-                  .ForeColor = platform::Colour::Warning}};
-    CommandButton cmdClose{
-        *this,
-        "cmdClose",
-        {.Left = 120, .Top = 2400, .Width = 1200, .Height = 405, .Caption = "Close", .Cancel = true}};
-    int Changes = 0;
-    std::vector<int> Chosen;
-};
-
-class ControlsTest : public testing::Test {
+class ControlsTest : public EntryTest {
   protected:
-    void SetUp() override { Window = ShowActive(S.Desktop, Form); }
-    void TearDown() override { Form.Unload(); }
+    void SetUp() override {
+        EntryTest::SetUp();
+        Line = WidgetOf<QLineEdit>(Form.txtName);
+        Area = WidgetOf<QPlainTextEdit>(Form.txtNote);
+    }
+    static void Paste(QWidget* into, const QString& text) {
+        QApplication::clipboard()->setText(text);
+        QTest::keyClick(into, Qt::Key_V, Qt::ControlModifier);
+    }
 
-    Screen S;
-    Sheet Form{S.Desktop};
-    QWidget* Window = nullptr;
+    QLineEdit* Line = nullptr;
+    QPlainTextEdit* Area = nullptr;
 };
 
 TEST_F(ControlsTest, SelectionsAreCountedInCodePointsOnBothSides) {
-    auto* line = WidgetOf<QLineEdit>(Form.txtLine);
-    Form.txtLine.Text = "a😀bå😀c";
-    Form.txtLine.SelStart = 2;
-    Form.txtLine.SelLength = 3;
+    Form.txtName.Text = "a😀bå😀c";
+    Form.txtName.SelStart = 2;
+    Form.txtName.SelLength = 3;
     S.Desktop.Flush();
-    EXPECT_EQ(line->selectedText(), "bå😀");
-    QTest::keyClick(line, Qt::Key_End);
-    EXPECT_EQ(Form.txtLine.SelStart.Get(), 6);
-    EXPECT_EQ(Form.txtLine.SelLength.Get(), 0);
+    EXPECT_EQ(Line->selectedText(), "bå😀");
+    QTest::keyClick(Line, Qt::Key_End);
+    EXPECT_EQ(Form.txtName.SelStart.Get(), 6);
+    EXPECT_EQ(Form.txtName.SelLength.Get(), 0);
 
     // All of it, each time that it is asked for.
     for (int i = 0; i < 2; ++i) {
-        Form.txtLine.SelStart = 0;
-        Form.txtLine.SelLength = 999;
+        Form.txtName.SelStart = 0;
+        Form.txtName.SelLength = 999;
         S.Desktop.Flush();
-        EXPECT_EQ(line->selectedText(), line->text());
-        QTest::keyClick(line, Qt::Key_Home);
+        EXPECT_EQ(Line->selectedText(), Line->text());
+        QTest::keyClick(Line, Qt::Key_Home);
     }
 }
 
 TEST_F(ControlsTest, TheClickThatBringsTheFocusLeavesTheFormsSelection) {
-    Form.txtLine.Text = "natrium";
-    Form.txtLine.GotFocus = [this] {
-        Form.txtLine.SelStart = 0;
-        Form.txtLine.SelLength = 999;
+    Form.txtName.Text = "natrium";
+    Form.txtName.GotFocus = [this] {
+        Form.txtName.SelStart = 0;
+        Form.txtName.SelLength = 999;
     };
-    auto* line = WidgetOf<QLineEdit>(Form.txtLine);
-    const QPoint in(20, line->height() / 2);
+    const QPoint in(20, Line->height() / 2);
     Form.txtNote.SetFocus();
     QApplication::processEvents();
-    ASSERT_FALSE(line->hasFocus());
-    QTest::mousePress(line, Qt::LeftButton, {}, in);
+    ASSERT_FALSE(Line->hasFocus());
+    QTest::mousePress(Line, Qt::LeftButton, {}, in);
     QApplication::processEvents();
-    QTest::mouseMove(line, in + QPoint(2, 0));
-    QTest::mouseRelease(line, Qt::LeftButton, {}, in + QPoint(2, 0));
-    EXPECT_EQ(line->selectedText(), "natrium");
-    EXPECT_EQ(Form.txtLine.SelLength.Get(), 7);
+    QTest::mouseMove(Line, in + QPoint(2, 0));
+    QTest::mouseRelease(Line, Qt::LeftButton, {}, in + QPoint(2, 0));
+    EXPECT_EQ(Line->selectedText(), "natrium");
+    EXPECT_EQ(Form.txtName.SelLength.Get(), 7);
 
     // The next click sets the caret.
-    QTest::mouseClick(line, Qt::LeftButton, {}, in);
-    EXPECT_EQ(line->selectedText(), "");
-    EXPECT_EQ(Form.txtLine.SelLength.Get(), 0);
+    QTest::mouseClick(Line, Qt::LeftButton, {}, in);
+    EXPECT_EQ(Line->selectedText(), "");
+    EXPECT_EQ(Form.txtName.SelLength.Get(), 0);
 }
 
 TEST_F(ControlsTest, TheCaretStaysWhenTheFormRewritesWhatIsTyped) {
-    Form.txtLine.Change = [this] {
-        Form.txtLine.Text = QString::fromStdString(Form.txtLine.Text).toUpper().toStdString();
+    Form.txtName.Change = [this] {
+        Form.txtName.Text = QString::fromStdString(Form.txtName.Text).toUpper().toStdString();
     };
-    auto* line = WidgetOf<QLineEdit>(Form.txtLine);
-    QTest::keyClicks(line, "bd");
-    S.Desktop.Flush();
-    QTest::keyClick(line, Qt::Key_Left);
-    QTest::keyClicks(line, "c");
-    S.Desktop.Flush();
-    EXPECT_EQ(line->text(), "BCD");
-    EXPECT_EQ(line->cursorPosition(), 2);
+    Key(Qt::Key_B);
+    Key(Qt::Key_D);
+    Key(Qt::Key_Left);
+    Key(Qt::Key_C);
+    EXPECT_EQ(Line->text(), "BCD");
+    EXPECT_EQ(Line->cursorPosition(), 2);
 }
 
 TEST_F(ControlsTest, WhatIsPastedLosesItsControlCharacters) {
     const QString pasted = QString("a\r\nb\tc\x01") + QChar(0) + "d\n";
-    QApplication::clipboard()->setText(pasted);
-    auto* line = WidgetOf<QLineEdit>(Form.txtLine);
-    line->paste();
-    EXPECT_EQ(Form.txtLine.Text.Get(), "a b cd");
+    Paste(Line, pasted);
     EXPECT_EQ(Form.Changes, 1);
-    EXPECT_EQ(line->cursorPosition(), line->text().size());
-    QTest::keyClick(line, 'u', Qt::AltModifier);  // belongs to nothing in the window
-    EXPECT_EQ(Form.txtLine.Text.Get(), "a b cd");
-    line->selectAll();
-    QApplication::clipboard()->setText("\tHCl\t\r\n");  // a cell of a table
-    line->paste();
-    EXPECT_EQ(Form.txtLine.Text.Get(), "HCl");
-    EXPECT_EQ(line->cursorPosition(), 3);
-    QApplication::clipboard()->setText(pasted);
+    QTest::keyClick(Line, 'u', Qt::AltModifier);  // belongs to nothing in the window
+    EXPECT_EQ(Form.txtName.Text.Get(), "a b cd");
+    EXPECT_EQ(Line->cursorPosition(), 6);
+    const QString text(100'000, 'x');  // is not cut
+    for (const auto& [cell, expected] : {std::pair<QString, QString>("\tHCl\t\r\n", "HCl"), {text, text}}) {
+        Line->selectAll();
+        Paste(Line, cell);
+        EXPECT_EQ(Form.txtName.Text.Get(), expected.toStdString());
+        EXPECT_EQ(Line->cursorPosition(), expected.size());
+    }
 
-    auto* area = WidgetOf<QPlainTextEdit>(Form.txtNote);
-    area->paste();
-    EXPECT_EQ(Form.txtNote.Text.Get(), "a\r\nb\tcd\r\n");
+    Paste(Area, pasted);
     EXPECT_EQ(Form.txtNote.SelStart.Get(), 9);
     Form.txtNote.SelStart = 3;
     Form.txtNote.SelLength = 1;
     S.Desktop.Flush();
-    EXPECT_EQ(area->textCursor().selectedText(), "b");
-    QTest::keyClick(area, Qt::Key_Tab);
+    EXPECT_EQ(Area->textCursor().selectedText(), "b");
+    QTest::keyClick(Area, Qt::Key_Tab);
     EXPECT_EQ(Form.txtNote.Text.Get(), "a\r\nb\tcd\r\n");
 }
 
 TEST_F(ControlsTest, ALockedBoxCanBeCopiedFromAndNothingElse) {
-    Form.txtLine.Text = "fast";
-    Form.txtNote.Text = "fast";
-    Form.txtLine.Locked = true;
-    Form.txtNote.Locked = true;
-    S.Desktop.Flush();
-    auto* area = WidgetOf<QPlainTextEdit>(Form.txtNote);
-    for (QWidget* box :
-         {static_cast<QWidget*>(WidgetOf<QLineEdit>(Form.txtLine)), static_cast<QWidget*>(area)}) {
+    for (TextBox* box : {&Form.txtName, &Form.txtNote}) {
+        box->Text = "fast";
+        box->Locked = true;
+        box->SetFocus();
         QApplication::clipboard()->clear();
-        box->setFocus();
-        EXPECT_TRUE(box->hasFocus());
-        QTest::keyClicks(box, "x");
-        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
+        for (const auto& [key, modifiers] :
+             {std::pair(Qt::Key_X, Qt::NoModifier), std::pair(Qt::Key_A, Qt::ControlModifier),
+              std::pair(Qt::Key_Insert, Qt::ControlModifier)}) {
+            QTest::keyClick(WidgetOf<QWidget>(*box), key, modifiers);
+        }
         EXPECT_EQ(QApplication::clipboard()->text(), "fast");
+        EXPECT_EQ(box->Text.Get(), "fast");
     }
-    EXPECT_EQ(Form.txtLine.Text.Get(), "fast");
-    EXPECT_EQ(Form.txtNote.Text.Get(), "fast");
-}
-
-TEST_F(ControlsTest, AHundredThousandCharactersAreNotCut) {
-    const std::string text(100'000, 'x');
-    Form.txtLine.Text = text;
-    S.Desktop.Flush();
-    QTest::keyClick(WidgetOf<QLineEdit>(Form.txtLine), Qt::Key_End);
-    QTest::keyClicks(WidgetOf<QLineEdit>(Form.txtLine), "y");
-    EXPECT_EQ(Form.txtLine.Text.Get(), text + "y");
 }
 
 TEST_F(ControlsTest, AListIsChosenFromByKeysAndKeepsItsWidth) {
@@ -186,10 +139,11 @@ TEST_F(ControlsTest, AListIsChosenFromByKeysAndKeepsItsWidth) {
     EXPECT_EQ(combo->currentIndex(), -1);
     EXPECT_EQ(combo->itemText(0), "Svenska");
     EXPECT_EQ(combo->accessibleName(), "Språk");
-    combo->setFocus();
+    Form.cboLang.SetFocus();
+    Said();
     QTest::keyClick(combo, Qt::Key_Down);
     QTest::keyClick(combo, Qt::Key_E);
-    EXPECT_EQ(Form.Chosen, (std::vector<int>{0, 1}));
+    EXPECT_EQ(Said(), (Log{"lang 0", "lang 1"}));
 
     // With the list open, Esc and Enter are the list's.
     for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) {
@@ -201,10 +155,10 @@ TEST_F(ControlsTest, AListIsChosenFromByKeysAndKeepsItsWidth) {
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
         EXPECT_TRUE(Form.IsLoaded());
     }
-    EXPECT_EQ(Form.Chosen, (std::vector<int>{0, 1, 1}));
+    EXPECT_EQ(Said(), Log{"lang 1"});
 
     // The wheel turns it only where the user is.
-    Form.txtLine.SetFocus();
+    Form.txtName.SetFocus();
     QWheelEvent wheel({5, 5}, combo->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(combo, &wheel);
@@ -217,24 +171,21 @@ TEST_F(ControlsTest, AListIsChosenFromByKeysAndKeepsItsWidth) {
 }
 
 TEST_F(ControlsTest, AFormulaIsDrawnLowAndHighAndReadAloud) {
+    auto* widget = WidgetOf<QWidget>(Form.oFormula1);
     const auto picture = [&](const char* rtf) {
         Form.oFormula1.SetRichText(rtf);
         S.Desktop.Flush();
-        return WidgetOf<QWidget>(Form.oFormula1)->grab().toImage();
+        return widget->grab().toImage();
     };
     const QImage plain = picture("H2O");
     const QImage low = picture("{\\rtf1 H{\\sub 2}O}");
     EXPECT_NE(plain, low);
     EXPECT_NE(low, picture("{\\rtf1 H{\\super 2}O}"));
-    EXPECT_EQ(WidgetOf<QWidget>(Form.oFormula1)->accessibleName(), "Språk H2O");
-}
+    EXPECT_EQ(widget->accessibleName(), "Språk H2O");
 
-TEST_F(ControlsTest, ToolTipsAreNeverMarking) {
-    Form.txtLine.ToolTipText = "<b>bold</b> & plain";
-    Form.cboLang.ToolTipText = "short";
+    Form.oFormula1.ToolTipText = "<b>bold</b> & plain";  // is no marking
     S.Desktop.Flush();
-    EXPECT_TRUE(WidgetOf<QWidget>(Form.txtLine)->toolTip().contains("&lt;b&gt;bold"));
-    EXPECT_EQ(WidgetOf<QWidget>(Form.cboLang)->toolTip(), "short");
+    EXPECT_TRUE(widget->toolTip().contains("&lt;b&gt;bold"));
 }
 
 TEST_F(ControlsTest, TheWarningCanBeReadOnEveryGround) {
@@ -257,27 +208,16 @@ TEST(Clipping, FindsWhatDoesNotFit) {
     struct Narrow : platform::Form {
         explicit Narrow(platform::Desktop& desktop)
             : Form(desktop, "frmNarrow", {.ClientWidth = 4000, .ClientHeight = 4000}) {}
-        Label lblGood{
-            *this, "lblGood", {.Left = 60, .Top = 60, .Width = 900, .Height = 255, .Caption = "Good"}};
-        Label lblCut{
-            *this, "lblCut", {.Left = 60, .Top = 400, .Width = 300, .Height = 255, .Caption = "Cut off"}};
-        Label lblWraps{*this,
-                       "lblWraps",
-                       {.Left = 60, .Top = 700, .Width = 900, .Height = 660, .Caption = "two lines here"}};
-        CheckBox chkCut{
-            *this, "chkCut", {.Left = 60, .Top = 1500, .Width = 600, .Height = 285, .Caption = "Too long"}};
-        CommandButton cmdLow{
-            *this, "cmdLow", {.Left = 60, .Top = 1900, .Width = 900, .Height = 100, .Caption = "Low"}};
-        Frame fraCut{*this,
-                     "fraCut",
-                     {.Left = 60, .Top = 2100, .Width = 600, .Height = 600, .Caption = "A long title"}};
-        Label lblUpon{
-            *this, "lblUpon", {.Left = 500, .Top = 60, .Width = 900, .Height = 255, .Caption = "Upon"}};
-        Label lblOut{
-            *this, "lblOut", {.Left = 3500, .Top = 60, .Width = 900, .Height = 255, .Caption = "Out"}};
-        Label lblFar{
-            *this, "lblFar", {.Left = 4500, .Top = 60, .Width = 90, .Height = 255, .Caption = "Far off"}};
-        ListView lvw{*this, "lvw", {.Left = 1500, .Top = 700, .Width = 2000, .Height = 900}};
+        Label lblGood{*this, "lblGood", At({60, 60, 900, 255}, {.Caption = "Good"})};
+        Label lblCut{*this, "lblCut", At({60, 400, 300, 255}, {.Caption = "Cut off"})};
+        Label lblWraps{*this, "lblWraps", At({60, 700, 900, 660}, {.Caption = "two lines here"})};
+        CheckBox chkCut{*this, "chkCut", At({60, 1500, 600, 285}, {.Caption = "Too long"})};
+        CommandButton cmdLow{*this, "cmdLow", At({60, 1900, 900, 100}, {.Caption = "Low"})};
+        Frame fraCut{*this, "fraCut", At({60, 2100, 600, 600}, {.Caption = "A long title"})};
+        Label lblUpon{*this, "lblUpon", At({500, 60, 900, 255}, {.Caption = "Upon"})};
+        Label lblOut{*this, "lblOut", At({3500, 60, 900, 255}, {.Caption = "Out"})};
+        Label lblFar{*this, "lblFar", At({4500, 60, 90, 255}, {.Caption = "Far off"})};
+        ListView lvw{*this, "lvw", At({1500, 700, 2000, 900})};
     };
     Screen s;
     Narrow form(s.Desktop);

@@ -3,8 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QFont>
+
+#include "qt/application.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
@@ -14,7 +15,7 @@ int main(int argc, char** argv) {
     // What the user's session sets must not reach in.
     qputenv("QT_QPA_PLATFORMTHEME", "");
     qputenv("LC_ALL", "C.UTF-8");
-    QApplication application(argc, argv);
+    qt::Application application(argc, argv);
     // The same font everywhere: its widths decide what fits.
     QApplication::setFont(QFont("DejaVu Sans", 9));
     return RUN_ALL_TESTS();

@@ -9,8 +9,10 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <array>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/forms/form.h"
@@ -92,5 +94,108 @@ inline void WhileBox(const std::function<void(QMessageBox&)>& piece) {
 inline void WhileWindow(const char* name, const std::function<void(QWidget*)>& piece) {
     WhileUp([name] { return WindowNamed(name); }, piece);
 }
+
+/// A design by its place: left, top, width and height in twips.
+inline platform::Design At(const std::array<int, 4>& place, platform::Design rest = {}) {
+    rest.Left = place[0];
+    rest.Top = place[1];
+    rest.Width = place[2];
+    rest.Height = place[3];
+    return rest;
+}
+
+/// A window with a control of each type, which keeps what its events say.
+struct Entry : platform::Form {
+    explicit Entry(platform::Desktop& desktop)
+        : Form(desktop, "frmEntry",
+               {.Caption = "Entry",
+                .ClientWidth = 6600,
+                .ClientHeight = 4800,
+                .KeyPreview = true,
+                .Sizable = true}) {
+        for (platform::Control* control : Controls()) {
+            if (control->TakesFocus()) {
+                control->GotFocus = [this, control] { Said.push_back("+" + control->FullName()); };
+                control->LostFocus = [this, control] { Said.push_back("-" + control->FullName()); };
+            }
+        }
+        txtName.Change = [this] { ++Changes; };
+        cmdOk.Click = [this] { Said.push_back("ok " + txtName.Text.Get()); };
+        cmdClose.Click = [this] { Unload(); };
+        chkOwn.Click = [this] { Said.push_back("own " + std::to_string(chkOwn.Value)); };
+        optKind.Bind(&OptionButton::Click, [this](int i) { Said.push_back("kind " + std::to_string(i)); });
+        mnuCopy.Click = [this] { Said.push_back("copy"); };
+        cboLang.Click = [this] { Said.push_back("lang " + std::to_string(cboLang.ListIndex)); };
+        lvw.ItemClick = [this](const ListItem& item) { Said.push_back("item " + item.Text); };
+        lvw.ColumnClick = [this](int column) { Said.push_back("column " + std::to_string(column)); };
+        lvw.DblClick = [this] { Said.push_back("double"); };
+        lvw.KeyPress = [this](int& key) { Said.push_back("key " + std::to_string(key)); };
+    }
+    void Fill(int rows) {
+        lvw.ClearItems();
+        for (int i = 0; i < rows; ++i) {
+            lvw.AddItem("K" + std::to_string(i), std::string(1, static_cast<char>('a' + i % 26)))
+                .AddSubItem(std::to_string(i));
+        }
+    }
+
+    Menu mnuEdit{*this, "mnuEdit", {.Caption = "&Edit"}};
+    Menu mnuCopy{*this, "mnuCopy", {.Caption = "&Copy", .Shortcut = "Ctrl+C", .Container = &mnuEdit}};
+    Label lblName{*this, "lblName", At({120, 150, 900, 255}, {.Caption = "&Name"})};
+    TextBox txtName{*this, "txtName", At({1200, 120, 2000, 345})};
+    Frame fraKind{*this, "fraKind", At({120, 600, 3000, 900}, {.Caption = "Kind"})};
+    platform::ControlArray<OptionButton> optKind{
+        *this,
+        "optKind",
+        {{0, At({90, 250, 1300, 270}, {.Caption = "A&cid", .Container = &fraKind})},
+         {1, At({90, 550, 1300, 270}, {.Caption = "Base", .Value = 1, .Container = &fraKind})},
+         {2, At({1500, 250, 1300, 270}, {.Caption = "Salt", .Container = &fraKind})}}};
+    CheckBox chkOwn{*this, "chkOwn", At({120, 1600, 1500, 285}, {.Caption = "O&wn"})};
+    CommandButton cmdOk{*this, "cmdOk", At({120, 2000, 1200, 405}, {.Caption = "&OK", .Default = true})};
+    CommandButton cmdClose{*this, "cmdClose",
+                           At({1500, 2000, 1200, 405}, {.Caption = "Close", .Cancel = true})};
+    CheckBox chkFlat{*this, "chkFlat", At({120, 2600, 1200, 405}, {.Caption = "Flat", .Style = 1})};
+    TextBox txtNote{*this, "txtNote", At({120, 3100, 2000, 900}, {.MultiLine = true})};
+    Label lblOwn{*this, "lblOwn",
+                 At({120, 4100, 1500, 255}, {.Caption = "Own", .ForeColor = platform::Colour::Warning})};
+    Label lblLang{*this, "lblLang", At({3600, 120, 1500, 255}, {.Caption = "Språk"})};
+    ComboBox cboLang{*this, "cboLang", At({3600, 400, 1800, 345})};
+    oFormula oFormula1{*this, "oFormula1", At({3600, 900, 1800, 450}, {.Locked = true})};
+    ListView lvw{*this, "lvw", At({3600, 1400, 2900, 3300})};
+    ImageList imgArrows{*this, "imgArrows", {{"Up", "sort-ascending"}, {"Down", "sort-descending"}}};
+    Log Said;
+    int Changes = 0;
+
+  protected:
+    void Form_Load() override {
+        lvw.SetColumnHeaderIcons(&imgArrows);
+        lvw.AddColumn("Name", 1500);
+        lvw.AddColumn("Number", 900, Align::Right);
+        lvw.AddColumn("", 0);
+        Fill(5);
+    }
+    void Form_Activate() override { Said.push_back("activate"); }
+    void Form_Resize() override { Said.push_back("resize"); }
+};
+
+/// The window, shown and active.
+class EntryTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        Window = ShowActive(S.Desktop, Form);
+        Opening = Said();
+    }
+    void TearDown() override { Form.Unload(); }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        S.Desktop.Flush();
+    }
+    Log Said() { return std::exchange(Form.Said, {}); }
+
+    Screen S;
+    Entry Form{S.Desktop};
+    QWidget* Window = nullptr;
+    Log Opening;
+};
 
 }  // namespace test

@@ -22,7 +22,7 @@ CommandButton::PressProperty& CommandButton::PressProperty::operator=(bool press
 }
 
 bool CommandButton::Press() {
-    if (!CanFocus()) {
+    if (!Reachable()) {
         return false;
     }
     Raise(Click);
@@ -61,7 +61,7 @@ void CheckBox::PropertyChanged(const PropertyBase& property) {
 
 void CheckBox::InputClick() {
     Parent().Screen().Event([this] {
-        if (CanFocus()) {
+        if (Reachable()) {
             Value = Value == 0 ? 1 : 0;
         }
     });
@@ -88,7 +88,7 @@ void OptionButton::PropertyChanged(const PropertyBase& property) {
 
 void OptionButton::InputClick() {
     Parent().Screen().Event([this] {
-        if (CanFocus()) {
+        if (Reachable()) {
             Value = true;
         }
     });

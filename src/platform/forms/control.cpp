@@ -54,6 +54,28 @@ bool Control::CanFocus() const {
     return true;
 }
 
+bool Control::Covered() const {
+    for (const Control* control = this; control != nullptr; control = control->container_) {
+        for (const Control* above : parent_.controls_) {
+            if (above == control) {
+                break;
+            }
+            if (above->Covers(*control)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+bool Control::Covers(const Control& other) const {
+    // Menu entries have no size: they lie nowhere.
+    return Visible && container_ == other.container_ && page_ == other.page_ && Width > 0 && Height > 0 &&
+           other.Width > 0 && other.Height > 0 && Left <= other.Left &&
+           Left + Width >= other.Left + other.Width && Top <= other.Top &&
+           Top + Height >= other.Top + other.Height;
+}
+
 void Control::SetFocus() {
     if (!TakesFocus() || !CanFocus()) {
         throw Error(errors::InvalidCall, "The control " + FullName() + " can't have the focus now.", "forms");
@@ -64,7 +86,7 @@ void Control::SetFocus() {
 
 void Control::InputFocus() {
     parent_.Screen().Event([this] {
-        if (TakesFocus() && CanFocus()) {
+        if (TakesFocus() && Reachable()) {
             parent_.SetActive(*this);
         }
     });

@@ -67,6 +67,9 @@ struct Design {
 
 /// A control of a window: the model that the logic works on. It lives as long as its window, and an unload
 /// brings it back to its design-time state.
+///
+/// Of the controls that stand at one place of a container, the first declared one that is visible lies on
+/// top: see Covered.
 class Control : public PropertyOwner {
   public:
     Control(const Control&) = delete;
@@ -104,6 +107,11 @@ class Control : public PropertyOwner {
     virtual bool TakesFocus() const { return false; }
     /// Visible and enabled, and every container of it too.
     bool CanFocus() const;
+    /// Whether the control, or a container of it, lies wholly under a visible one of the same container that
+    /// is declared before it: nobody sees it.
+    bool Covered() const;
+    /// What the user does gets to the control. Code isn't bound by Covered.
+    bool Reachable() const { return CanFocus() && !Covered(); }
     /// Makes this the window's active control. Error 5 when it can't have the focus.
     void SetFocus();
     std::function<void()> GotFocus, LostFocus;
@@ -140,6 +148,7 @@ class Control : public PropertyOwner {
 
   private:
     friend class Form;
+    bool Covers(const Control& other) const;
     Form& parent_;
     std::string name_;
     int index_;

@@ -32,6 +32,8 @@ namespace key {
 inline constexpr int Return = 13;
 inline constexpr int Alt = 18;
 inline constexpr int Escape = 27;
+inline constexpr int PageUp = 33;
+inline constexpr int PageDown = 34;
 }  // namespace key
 
 /// The bits of a key event's shift state.
@@ -133,6 +135,7 @@ class Form : public PropertyOwner {
     friend class Static;
     void SetActive(Control& control);
     bool DialogKey(int keyCode);
+    bool PageKey(int keyCode, int shift);
     bool MenuShortcut(int keyCode, int shift);
 
     Desktop& desktop_;

@@ -243,7 +243,7 @@ void ListView::Reset() {
 void ListView::InputSelection(const std::vector<int>& places, int place) {
     const auto isRow = [this](int row) { return row >= 0 && row < ItemCount(); };
     Parent().Screen().Event([&] {
-        if (!CanFocus() || !std::all_of(places.begin(), places.end(), isRow)) {
+        if (!Reachable() || !std::all_of(places.begin(), places.end(), isRow)) {
             return;
         }
         Select(-1);
@@ -262,7 +262,7 @@ void ListView::InputSelection(const std::vector<int>& places, int place) {
 
 void ListView::InputClick() {
     Parent().Screen().Event([this] {
-        if (CanFocus()) {
+        if (Reachable()) {
             Raise(Click);
         }
     });
@@ -271,7 +271,7 @@ void ListView::InputClick() {
 void ListView::InputCheck(const std::vector<int>& places, bool checked) {
     Parent().Screen().Event([&] {
         for (const int place : places) {
-            if (!checkboxes_ || !CanFocus() || place < 0 || place >= ItemCount()) {
+            if (!checkboxes_ || !Reachable() || place < 0 || place >= ItemCount()) {
                 return;
             }
             ListItem& item = At(place);
@@ -285,7 +285,7 @@ void ListView::InputCheck(const std::vector<int>& places, bool checked) {
 
 void ListView::InputDoubleClick() {
     Parent().Screen().Event([this] {
-        if (CanFocus()) {
+        if (Reachable()) {
             Raise(DblClick);
         }
     });
@@ -293,7 +293,7 @@ void ListView::InputDoubleClick() {
 
 void ListView::InputColumnClick(int column) {
     Parent().Screen().Event([&] {
-        if (CanFocus() && column >= 0 && column < ColumnCount()) {
+        if (Reachable() && column >= 0 && column < ColumnCount()) {
             Raise<int>(ColumnClick, column + 1);
         }
     });

@@ -74,7 +74,7 @@ void LineList::Reset() {
 
 void LineList::InputIndex(int index) {
     Parent().Screen().Event([&] {
-        if (!CanFocus() || index < 0 || index >= ListCount()) {
+        if (!Reachable() || index < 0 || index >= ListCount()) {
             return;
         }
         if (selected_ != index) {

@@ -42,7 +42,7 @@ void SSTab::Reset() {
 
 void SSTab::InputTab(int page) {
     Parent().Screen().Event([&] {
-        if (CanFocus() && page >= 0 && page < Tabs()) {
+        if (Reachable() && page >= 0 && page < Tabs()) {
             Tab = page;
         }
     });

@@ -50,7 +50,7 @@ void TextBox::Reset() {
 
 void TextBox::InputText(const std::string& text) {
     Parent().Screen().Event([&] {
-        if (CanFocus() && !Locked) {
+        if (Reachable() && !Locked) {
             Text = text;
         }
     });
