@@ -53,8 +53,9 @@ TEST(Check, TellsWhatIsWrongWithAValue) {
     for (const auto& [where, value, rows, said] : cases) {
         const auto table = where.find(' ') + 1;
         const auto column = where.find('.') + 1;
-        const std::string set = where.substr(table, column - table - 1) + " SET " + where.substr(column);
-        ExpectSaid(publisher, "UPDATE " + set + " = " + value + " WHERE " + rows, where + " " + said, true);
+        std::string sql = "UPDATE " + where.substr(table, column - table - 1);
+        sql.append(" SET ").append(where.substr(column)).append(" = ").append(value);
+        ExpectSaid(publisher, sql.append(" WHERE ").append(rows), where + " " + said, true);
     }
 }
 

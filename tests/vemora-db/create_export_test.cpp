@@ -192,11 +192,11 @@ TEST(Create, RefusesBadDataWithTheirPlaceAndLeavesNothing) {
         const std::string name = "data/" + file;
         const std::string sound = publisher.Read(name);
         for (const auto& [from, to, said] : rows) {
-            SCOPED_TRACE(file + ":" + said);
+            const std::string told = std::string(file).append(":").append(said);
             publisher.Write(name, from.empty() ? "" : platform::Replace(sound, from, to));
             const Outcome outcome = publisher.Run({"create", "/data", "/Vemora.mdb"});
-            EXPECT_EQ(outcome.Exit, Status::BadData);
-            EXPECT_TRUE(Has(outcome.Err, "/" + file + ":" + said)) << outcome.Err;
+            EXPECT_EQ(outcome.Exit, Status::BadData) << told;
+            EXPECT_TRUE(Has(outcome.Err, "/" + told)) << told << "\n" << outcome.Err;
         }
         publisher.Write(name, sound);
     }
