@@ -55,7 +55,8 @@ TEST(Check, TellsWhatIsWrongWithAValue) {
         const auto column = where.find('.') + 1;
         std::string sql = "UPDATE " + where.substr(table, column - table - 1);
         sql.append(" SET ").append(where.substr(column)).append(" = ").append(value);
-        ExpectSaid(publisher, sql.append(" WHERE ").append(rows), where + " " + said, true);
+        ExpectSaid(publisher, sql.append(" WHERE ").append(rows), std::string(where).append(" ").append(said),
+                   true);
     }
 }
 
