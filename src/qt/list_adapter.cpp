@@ -22,8 +22,11 @@ ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
     widget_->setHeader(header_);
     header_->setSectionsClickable(true);  // a list that doesn't sort by itself switches it off
     widget_->setModel(model_);
-    QObject::connect(widget_, &ListWidget::Chosen, Context(),
-                     [this](int row) { Report([this, row] { list_.InputSelection(SelectedRows(), row); }); });
+    QObject::connect(widget_, &ListWidget::Chosen, Context(), [this](int row) {
+        // In a list of one choice, what isn't a row changes nothing.
+        const std::vector<int> rows = list_.MultiSelect() ? SelectedRows() : std::vector<int>{row};
+        Report([this, rows, row] { list_.InputSelection(rows, row); });
+    });
     QObject::connect(widget_, &ListWidget::Clicked, Context(),
                      [this] { Report([this] { list_.InputClick(); }); });
     if (list.MultiSelect()) {

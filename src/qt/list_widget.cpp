@@ -86,10 +86,7 @@ void ListWidget::mousePressEvent(QMouseEvent* event) {
         QTreeView::mousePressEvent(event);
     }
     const QModelIndex pressed = indexAt(event->position().toPoint());
-    // Beside the rows of a list of one choice that choice stays.
-    if (pressed.isValid() || selectionMode() != SingleSelection) {
-        emit Chosen(pressed.row());
-    }
+    emit Chosen(pressed.row());
     if (event->button() == Qt::LeftButton) {
         emit Clicked();
     }
