@@ -20,20 +20,9 @@
 
 namespace test {
 
-using platform::Align;
-using platform::CheckBox;
-using platform::ComboBox;
-using platform::CommandButton;
-using platform::Frame;
-using platform::ImageList;
-using platform::Label;
-using platform::ListItem;
-using platform::ListView;
-using platform::Menu;
-using platform::oFormula;
-using platform::OptionButton;
-using platform::TextBox;
-
+using platform::Align, platform::CheckBox, platform::ComboBox, platform::CommandButton, platform::Frame,
+    platform::ImageList, platform::Label, platform::ListItem, platform::ListView, platform::Menu,
+    platform::oFormula, platform::OptionButton, platform::TextBox;
 using Log = std::vector<std::string>;
 
 /// A desktop whose program's language the test sets.
@@ -91,10 +80,6 @@ inline void WhileBox(const std::function<void(QMessageBox&)>& piece) {
             [piece](QWidget* box) { piece(*qobject_cast<QMessageBox*>(box)); });
 }
 
-inline void WhileWindow(const char* name, const std::function<void(QWidget*)>& piece) {
-    WhileUp([name] { return WindowNamed(name); }, piece);
-}
-
 /// A design by its place: left, top, width and height in twips.
 inline platform::Design At(const std::array<int, 4>& place, platform::Design rest = {}) {
     rest.Left = place[0];
@@ -106,13 +91,9 @@ inline platform::Design At(const std::array<int, 4>& place, platform::Design res
 
 /// A window with a control of each type, which keeps what its events say.
 struct Entry : platform::Form {
-    explicit Entry(platform::Desktop& desktop)
-        : Form(desktop, "frmEntry",
-               {.Caption = "Entry",
-                .ClientWidth = 6600,
-                .ClientHeight = 4800,
-                .KeyPreview = true,
-                .Sizable = true}) {
+    explicit Entry(platform::Desktop& desktop, const char* name = "frmEntry")
+        : Form(desktop, name,
+               {.ClientWidth = 6600, .ClientHeight = 4800, .KeyPreview = true, .Sizable = true}) {
         for (platform::Control* control : Controls()) {
             if (control->TakesFocus()) {
                 control->GotFocus = [this, control] { Said.push_back("+" + control->FullName()); };
@@ -165,6 +146,7 @@ struct Entry : platform::Form {
     ImageList imgArrows{*this, "imgArrows", {{"Up", "sort-ascending"}, {"Down", "sort-descending"}}};
     Log Said;
     int Changes = 0;
+    bool SaysKeys = false;
 
   protected:
     void Form_Load() override {
@@ -173,6 +155,17 @@ struct Entry : platform::Form {
         lvw.AddColumn("Number", 900, Align::Right);
         lvw.AddColumn("", 0);
         Fill(5);
+    }
+    void Form_KeyDown(int& code, int shift) override {
+        if (SaysKeys) {
+            Said.push_back(std::to_string(code) + "/" + std::to_string(shift));
+        }
+    }
+    void Form_KeyPress(int& character) override {
+        if (SaysKeys) {
+            Said.push_back("char " + std::to_string(character));
+            character = character == 'x' ? 0 : character;
+        }
     }
     void Form_Activate() override { Said.push_back("activate"); }
     void Form_Resize() override { Said.push_back("resize"); }
