@@ -11,6 +11,7 @@
 #include "qt/colours.h"
 #include "qt/combo_adapter.h"
 #include "qt/form_window.h"
+#include "qt/formula_adapter.h"
 #include "qt/list_adapter.h"
 #include "qt/menu_adapter.h"
 #include "qt/picture_adapters.h"

@@ -3,13 +3,11 @@
 
 #pragma once
 
-#include "platform/forms/formula_box.h"
 #include "platform/forms/pictures.h"
 #include "qt/adapter.h"
 
 namespace qt {
 
-class FormulaWidget;
 class PictureWidget;
 
 class ImageAdapter final : public WidgetAdapter {
@@ -22,18 +20,6 @@ class ImageAdapter final : public WidgetAdapter {
   private:
     platform::Image& image_;
     PictureWidget* widget_;
-};
-
-class FormulaAdapter final : public WidgetAdapter {
-  public:
-    FormulaAdapter(FormWindow& window, platform::oFormula& formula);
-
-  protected:
-    void CarryOwn() override;
-
-  private:
-    platform::oFormula& formula_;
-    FormulaWidget* widget_;
 };
 
 }  // namespace qt
