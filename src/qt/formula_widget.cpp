@@ -153,6 +153,12 @@ void FormulaWidget::PlaceLine() {
     const int side = frame + kSideMargin + padding_;
     QMargins margins(side, frame, side, frame);
     if (!isReadOnly()) {
+        // As far down and up as in the drawing. The editor counts in heights of its small font, two thirds of
+        // the other.
+        const QFontMetricsF metrics(font());
+        const double part = 150.0 * metrics.ascent() / (metrics.ascent() + metrics.descent());
+        document()->setSubScriptBaseline(kDown * part);
+        document()->setSuperScriptBaseline(kUp * part);
         const QSize size = document()->size().toSize();  // lays it out
         const QTextLayout* const layout = document()->firstBlock().layout();
         // The line is higher than in reading where parts of it are raised; what stands below it is cut off
@@ -175,17 +181,7 @@ bool FormulaWidget::event(QEvent* event) {
         style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
         return true;
     }
-    const bool done = QTextEdit::event(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        // As far down and up as in the drawing. The editor counts in heights of its small font, two thirds of
-        // the other.
-        const QFontMetricsF metrics(font());
-        const double part = 150.0 * metrics.ascent() / (metrics.ascent() + metrics.descent());
-        document()->setSubScriptBaseline(kDown * part);
-        document()->setSuperScriptBaseline(kUp * part);
-        PlaceLine();
-    }
-    return done;
+    return QTextEdit::event(event);
 }
 
 void FormulaWidget::paintEvent(QPaintEvent* event) {

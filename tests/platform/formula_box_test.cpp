@@ -5,9 +5,9 @@
 
 #include "platform/richtext/formula.h"
 #include "platform/richtext/rtf.h"
-#include "support/shown.h"
 #include "platform/text/text.h"
 #include "support/scripted_desktop.h"
+#include "support/shown.h"
 
 namespace platform {
 namespace {
@@ -109,6 +109,9 @@ TEST_F(FormulaBox, KeepsTheHeightsThatTheUserAsksFor) {
     EXPECT_EQ(Shown(), "H^{13}C_{29}9");
     Type("5", 7);
     EXPECT_EQ(Shown(), "H^{13}C_{29}95");
+    Box.InputHeight(0, 0, Run::Super);
+    Type("C", 8);
+    EXPECT_EQ(Shown(), "H^{13}C_{29}95C");
 }
 
 TEST_F(FormulaBox, LeavesWhatWasStoredAndSetsWhatComesToIt) {

@@ -92,6 +92,7 @@ TEST(RichText, SetsFormulas) {
         {"CuSO4·5H2O", "CuSO_{4}·5H_{2}O"},
         {"CuSO4*5H2O", "CuSO_{4}*5H_{2}O"},
         {"CuSO4.5H2O", "CuSO_{4}.5H_{2}O"},
+        {"CuSO4.5", "CuSO_{4.5}"},
         {"Na2CO3-10H2O", "Na_{2}CO_{3}-10H_{2}O"},
         {"2HCl 37%", "2HCl 37%"},
         {"Fe0.95O", "Fe_{0.95}O"},

@@ -133,6 +133,12 @@ TEST_F(FormulaTest, UndoTakesBackWhatWasTypedWithItsHeights) {
     Key(Qt::Key_End);
     Type("O");
     EXPECT_EQ(Shown(), "H2O");
+    Key(Qt::Key_Up, Qt::ControlModifier);
+    Type("+");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    Type("H");
+    EXPECT_EQ(Shown(), "H2O^{+}H");
 
     // What the window sets can't be taken back.
     Form.Formula.SetRichText("{\\rtf1 C{\\sub 2}}");
@@ -140,6 +146,16 @@ TEST_F(FormulaTest, UndoTakesBackWhatWasTypedWithItsHeights) {
     S.Desktop.Flush();
     EXPECT_FALSE(Edit->document()->isUndoAvailable());
     EXPECT_EQ(Shown(), "C_{2}");
+
+    // Stored lines stay lines until the user joins them.
+    Form.Formula.SetRichText("{\\rtf1 C\\par 2}");
+    S.Desktop.Flush();
+    Type("H");
+    EXPECT_EQ(Form.Formula.PlainText(), "C\n2H");
+    EXPECT_TRUE(Edit->document()->isUndoAvailable());
+    Key(Qt::Key_Home);
+    Key(Qt::Key_Backspace);
+    EXPECT_EQ(Shown(), "C2H");
 }
 
 TEST_F(FormulaTest, AHeightAskedForLastsUntilTheCaretIsMoved) {
@@ -162,17 +178,19 @@ TEST_F(FormulaTest, AHeightAskedForLastsUntilTheCaretIsMoved) {
     EXPECT_EQ(Shown(), "e^{x3z}C_{2n}O");
     // Typed between equal characters, which the user has set: it is no part of them.
     Clear();
-    Type("H2222");
-    Key(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
-    Key(Qt::Key_0, Qt::ControlModifier);
+    Type("ee");
+    Edit->selectAll();
+    Key(Qt::Key_Up, Qt::ControlModifier);
     Key(Qt::Key_Home);
     Key(Qt::Key_Right);
-    Type("2");
-    EXPECT_EQ(Shown(), "H_{2}2222");
+    Type("e");
+    EXPECT_EQ(Shown(), "^{e}e^{e}");
 }
 
 TEST_F(FormulaTest, KeysOfTheWindowTypeNothing) {
-    Type("H");
+    Type("HO");
+    Key(Qt::Key_Left);
+    const int steps = Edit->document()->availableUndoSteps();
     Key(Qt::Key_Return);
     Key(Qt::Key_Enter, Qt::KeypadModifier);
     Key(Qt::Key_Return, Qt::ShiftModifier);
@@ -180,12 +198,14 @@ TEST_F(FormulaTest, KeysOfTheWindowTypeNothing) {
     Key(Qt::Key_Escape);
     Key(Qt::Key_U, Qt::AltModifier);
     EXPECT_EQ(Form.Pressed, "save save close ");
-    EXPECT_EQ(Shown(), "H");
+    EXPECT_EQ(Edit->textCursor().position(), 1);
+    EXPECT_EQ(Edit->document()->availableUndoSteps(), steps);
+    EXPECT_EQ(Shown(), "HO");
     Key(Qt::Key_Tab);
     EXPECT_EQ(Form.ActiveControl(), &Form.txtName);
     QTest::keyClick(WidgetOf<QWidget>(Form.txtName), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_TRUE(Edit->hasFocus());
-    EXPECT_EQ(Shown(), "H");
+    EXPECT_EQ(Shown(), "HO");
 }
 
 TEST_F(FormulaTest, TakesTextAndHeightsOfWhatIsPasted) {
@@ -248,6 +268,7 @@ TEST_F(FormulaTest, InputMethodsAndScreenReadersWriteAsWell) {
     Key(Qt::Key_End);
     Key(Qt::Key_Left, Qt::ShiftModifier);
     Key(Qt::Key_0, Qt::ControlModifier);
+    Key(Qt::Key_End);
     reader->editableTextInterface()->insertText(0, "H2");
     EXPECT_EQ(Shown(), "H_{2}SO4");
     EXPECT_EQ(reader->text(QAccessible::Value), "H2SO4");

@@ -39,7 +39,6 @@ class FormulaText {
     void ApplyRule();
 
   private:
-
     std::vector<Character> characters_;
 };
 
