@@ -10,6 +10,7 @@
 #include "qt/colours.h"
 #include "qt/combo_adapter.h"
 #include "qt/form_window.h"
+#include "qt/formula_adapter.h"
 #include "qt/list_adapter.h"
 #include "qt/list_box_adapter.h"
 #include "qt/menu_adapter.h"

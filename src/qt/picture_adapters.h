@@ -3,13 +3,11 @@
 
 #pragma once
 
-#include "platform/forms/formula_box.h"
 #include "platform/forms/pictures.h"
 #include "qt/adapter.h"
 
 namespace qt {
 
-class FormulaWidget;
 class PictureWidget;
 
 class ImageAdapter final : public WidgetAdapter {
@@ -30,18 +28,6 @@ class PictureBoxAdapter final : public WidgetAdapter {
 
   protected:
     void CarryOwn() override {}
-};
-
-class FormulaAdapter final : public WidgetAdapter {
-  public:
-    FormulaAdapter(FormWindow& window, platform::oFormula& formula);
-
-  protected:
-    void CarryOwn() override;
-
-  private:
-    platform::oFormula& formula_;
-    FormulaWidget* widget_;
 };
 
 }  // namespace qt
