@@ -6,8 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <map>
+#include <sstream>
 #include <string>
-#include <tuple>
 
 #include "platform/test_database.h"
 
@@ -40,21 +42,64 @@ class Adodb : public testing::Test {
         return rs;
     }
 
+    /// Rules, each ended by ";": what is done with a set of Al, Pb and Zn, "->", the failures, where the set
+    /// then stands ("~" is Null), and the names in the table if they changed.
+    void Holds(const std::string& rules, int cursor = adOpenStatic, int lock = adLockOptimistic) {
+        using Call = void (Recordset::*)();
+        static const std::map<std::string, Call> calls = {
+            {"first", &Recordset::MoveFirst},   {"next", &Recordset::MoveNext},
+            {"last", &Recordset::MoveLast},     {"prev", &Recordset::MovePrevious},
+            {"add", &Recordset::AddNew},        {"update", &Recordset::Update},
+            {"drop", &Recordset::CancelUpdate}, {"cancel", &Recordset::Cancel},
+            {"delete", &Recordset::Delete},     {"requery", &Recordset::Requery},
+            {"close", &Recordset::Close}};
+        std::istringstream lines(rules);
+        for (std::string rule; std::getline(lines, rule, ';');) {
+            connection.Execute("DELETE FROM Metal");
+            connection.Execute("INSERT INTO Metal(ID, Name) VALUES(1, 'Al'), (2, 'Pb'), (3, 'Zn')");
+            auto rs = Open("SELECT ID, Name FROM Metal ORDER BY ID", cursor, lock);
+            std::string result = "->";
+            const auto step = [&](const std::function<void()>& action) {
+                const long failed = ErrorOf(action);
+                result += failed == 0 ? "" : " " + std::to_string(failed);
+            };
+            std::istringstream words(rule);
+            for (std::string word; words >> word && word != "->";) {
+                step([&] {
+                    if (word == "gone") {
+                        connection.Execute("DELETE FROM Metal WHERE ID = 1");
+                    } else if (word[0] == '=') {
+                        rs["Name"] = word.substr(1);
+                    } else if (word[0] <= '9') {
+                        rs.Find("ID = " + word);
+                    } else {
+                        (rs.*calls.at(word))();
+                    }
+                });
+            }
+            if (!rs.IsOpen() || rs.Eof() || rs.Bof()) {
+                result += !rs.IsOpen() ? " closed" : !rs.Bof() ? " end" : !rs.Eof() ? " begin" : " empty";
+            } else {
+                step([&] { result += " " + (rs["Name"].IsNull() ? "~" : rs["Name"].Text()); });
+            }
+            const auto names = Ask("SELECT Name FROM Metal");
+            result += names == "Al/Pb/Zn" ? "" : " " + names;
+            EXPECT_EQ(result, rule.substr(rule.find("->"))) << rule;
+        }
+    }
+
     test::TestDatabase database;
     Connection connection;
 };
 
 TEST_F(Adodb, RunsTheSystemsStatements) {
     const std::string joined =
-        "SELECT 'me' & Metal.ID AS IDFält, Metal.Name, relMetal.TheValue, Metal.Description + ' Metall' AS "
-        "Description, relMetal.Egen AS RelEgen, Metal.Egen AS Egen FROM Metal INNER JOIN (Chemical INNER "
-        "JOIN "
-        "relMetal ON Chemical.ID = relMetal.ChemID) ON Metal.ID = relMetal.MetalID Where relMetal.ChemID = "
-        "345 "
-        "AND TheValue IN ('+', ' ') AND relMetal.ConcID = 12 AND relMetal.TempID IN (6) AND Metal.ID IN (1, "
-        "2)";
+        "SELECT 'me' & Metal.ID AS IDFält, Metal.Name, TheValue, Metal.Description + ' x' AS Description, "
+        "relMetal.Egen AS RelEgen FROM Metal INNER JOIN (Chemical INNER JOIN relMetal ON Chemical.ID = "
+        "relMetal.ChemID) ON Metal.ID = relMetal.MetalID Where relMetal.ChemID = 345 AND TheValue IN "
+        "('+', ' ') AND relMetal.ConcID = 12 AND relMetal.TempID IN (6) AND Metal.ID IN (1, 2)";
     const std::pair<std::string, std::string> cases[] = {
-        {joined, "me1|Zink|+|Zn Metall|0|0/me2|Ärgat järn| |~|-1|-1"},
+        {joined, "me1|Zink|+|Zn x|0/me2|Ärgat järn| |~|-1"},
         {"SELECT ID, NameEN AS [Name] FROM Metal Order by Name", "3|lead/2|Rusted iron/1|Zinc"},
         {"SELECT Name from Metal Order by Name", "bly/Zink/Ärgat järn"},
         {"SELECT ID FROM Metal WHERE Name LIKE '%äRg%' OR Name = 'BLY'", "2/3"},
@@ -84,7 +129,6 @@ TEST_F(Adodb, RunsTheSystemsStatements) {
 TEST_F(Adodb, TellsWhatIsWrongWithAStatement) {
     const std::pair<const char*, long> cases[] = {
         {"", errors::BadStatement},
-        {"SELECT FROM WHERE", errors::BadStatement},
         {"SELECT * FROM Nothing", errors::NoSuchTable},
         {"SELECT Nothing FROM Metal", errors::NoSuchColumn},
         {"INSERT INTO Metal (Nothing) VALUES(1)", errors::NoSuchColumn},
@@ -102,42 +146,45 @@ TEST_F(Adodb, TellsWhatIsWrongWithAStatement) {
 }
 
 TEST_F(Adodb, MovesAndFinds) {
-    EXPECT_EQ(ErrorOf([&] { Open("SELECT * FROM Misc").MoveFirst(); }), errors::NoCurrentRecord);
     for (const auto& [cursor, lock] : {std::pair(0, 1), {3, 1}, {0, 3}, {3, 3}, {2, 3}}) {
-        auto rs = Open("SELECT ID, Name FROM Metal ORDER BY ID", cursor, lock);
+        Holds(
+            "-> Al;next -> Pb;next next next -> end;next next next next -> 3021 end;2 -> Pb;next 2 -> Pb;"
+            "next 1 -> end;next next next 1 -> 3021 end;next first -> Al;first next -> Pb;"
+            "next next next first -> Al;next next requery -> Al;close close -> 3704 closed;"
+            "close 1 -> 3704 closed;",
+            cursor, lock);
         const bool stream = cursor == 0 && lock == 1;
-        EXPECT_EQ(Rest(rs), "1|Zink/2|Ärgat järn/3|bly");
-        EXPECT_EQ(ErrorOf([&] { rs.MoveNext(); }), errors::NoCurrentRecord);
-        EXPECT_EQ(ErrorOf([&] { rs["ID"].Get(); }), errors::NoCurrentRecord);
-        EXPECT_EQ(ErrorOf([&] { rs.Find("ID = 1"); }), errors::NoCurrentRecord);
-        EXPECT_FALSE(rs.Bof());
-        rs.MoveFirst();
-        rs.MoveFirst();
-        rs.Find("ID = 2");
-        EXPECT_EQ(rs["Name"].Text(), "Ärgat järn");
-        rs.Find("id=2");  // begins at the current row
-        EXPECT_FALSE(rs.Eof());
-        rs.Find("ID = 1");  // and only looks forward
-        EXPECT_TRUE(rs.Eof());
-        rs.Requery();
-        EXPECT_EQ(ErrorOf([&] { rs.Find("Name = 'bly'"); }), errors::BadArgument);
-        EXPECT_EQ(ErrorOf([&] { rs.Find("Number = 1"); }), errors::NoSuchField);
-        EXPECT_EQ(rs["ID"].Long(), 1);
-        EXPECT_EQ(ErrorOf([&] { rs.MoveLast(); }), stream ? errors::NotAllowedNow : 0);
-        EXPECT_EQ(ErrorOf([&] { rs.MovePrevious(); }), stream ? errors::NotAllowedNow : 0);
-        EXPECT_EQ(rs["ID"].Long(), stream ? 1 : 2);
-        if (!stream) {
-            rs.MovePrevious();
-            rs.MovePrevious();
-            EXPECT_TRUE(rs.Bof());
-            EXPECT_EQ(ErrorOf([&] { rs.MovePrevious(); }), errors::NoCurrentRecord);
-            rs.MoveNext();
-            EXPECT_EQ(rs["ID"].Long(), 1);
-        }
-        EXPECT_EQ(ErrorOf([&] { rs.Open("SELECT 1", connection); }), errors::ObjectOpen);
-        rs.Close();
-        EXPECT_EQ(ErrorOf([&] { rs.Close(); }), errors::ObjectClosed);
+        Holds(stream ? "next last prev -> 3219 3219 Pb;"
+                     : "last -> Zn;last prev -> Pb;prev -> begin;prev prev -> 3021 begin;prev next -> Al;"
+                       "next next next prev -> Zn;",
+              cursor, lock);
     }
+    auto rs = Open("SELECT ID FROM Metal");
+    EXPECT_EQ(ErrorOf([&] { rs.Find("Name = 'bly'"); }), errors::BadArgument);
+    EXPECT_EQ(ErrorOf([&] { rs.Find("Number = 1"); }), errors::NoSuchField);
+    EXPECT_EQ(ErrorOf([&] { rs.Open("SELECT 1", connection); }), errors::ObjectOpen);
+}
+
+TEST_F(Adodb, KeepsDropsOrSavesAPendingRow) {
+    Holds(
+        "=X -> X;=X update -> X X/Pb/Zn;=X drop -> Al;=X next -> Pb X/Pb/Zn;=X close -> 3219 X;"
+        "=X requery -> 3219 X;next =X add -> ~ Al/X/Zn;=X delete next -> Pb Pb/Zn;");
+    Holds(
+        "add -> ~;next add drop -> Pb;next add cancel -> ~;add cancel first -> Al;add next -> Pb;"
+        "add last -> Zn;add 2 -> Pb;add cancel close -> closed;add requery -> Al;add delete -> Al;"
+        "last next add -> ~;prev add -> ~;add =X -> X;add =X drop -> Al;add =X close -> 3219 X;"
+        "add =X cancel first -> Al Al/Pb/Zn/X;add =X update -> X Al/Pb/Zn/X;"
+        "add =X update update prev -> Zn Al/Pb/Zn/X;add =X update =Y next -> end Al/Pb/Zn/Y;");
+    Holds(
+        "next delete -> 3021 Al/Zn;next delete delete -> 3021 3021 Al/Zn;next delete next -> Zn Al/Zn;"
+        "next delete prev -> Al Al/Zn;next delete first -> Al Al/Zn;next delete last -> Zn Al/Zn;"
+        "next delete 3 -> 3021 3021 Al/Zn;next delete requery -> Al Al/Zn;last delete next -> end Al/Pb;"
+        "delete next delete next delete first -> 3021 empty ;delete next delete next delete add -> ~ ;"
+        "delete next delete next delete requery add -> ~ ;");
+    // Only a row that is no longer in its table can never be saved.
+    Holds(
+        "gone =X update -> -2147467259 3021 Pb/Zn;gone =X next next -> -2147467259 Pb Pb/Zn;"
+        "gone =X update close -> -2147467259 closed Pb/Zn;");
 }
 
 TEST_F(Adodb, WritesThroughTheOriginOfAColumn) {
@@ -149,9 +196,6 @@ TEST_F(Adodb, WritesThroughTheOriginOfAColumn) {
     EXPECT_EQ(Ask("SELECT NameEN FROM Metal WHERE ID = 2"), "Rusted iron");
     rs.Update();
     EXPECT_EQ(Ask("SELECT Name, NameEN, Egen FROM Metal WHERE ID = 2"), "Ärgat järn|Iron, rusted|-1");
-    rs["Name"] = "dropped";
-    rs.CancelUpdate();
-    EXPECT_EQ(rs["Name"].Text(), "Iron, rusted");
     rs["Description"] = Value();
     rs["Name"] = rs["ID"];
     rs.MoveFirst();  // a move saves
@@ -167,10 +211,7 @@ TEST_F(Adodb, WritesThroughTheOriginOfAColumn) {
     key["TempID"] = 6;
     key["MetalID"] = 2;
     EXPECT_EQ(ErrorOf([&] { key.Update(); }), errors::StoreFailed);  // there is such a row
-    EXPECT_EQ(ErrorOf([&] { key.Close(); }), errors::NotAllowedNow);
-    EXPECT_EQ(ErrorOf([&] { key.Requery(); }), errors::NotAllowedNow);
-    key.CancelUpdate();
-    key.Close();
+    EXPECT_EQ(key["TempID"].Long(), 6);
 
     auto computed = Open("SELECT Name, Name & 'x' AS y FROM Metal");
     EXPECT_EQ(ErrorOf([&] { computed["y"] = "z"; }), errors::NotSupported);
@@ -182,111 +223,50 @@ TEST_F(Adodb, WritesThroughTheOriginOfAColumn) {
     EXPECT_EQ(ErrorOf([&] { reading.Delete(); }), errors::NotSupported);
 }
 
-TEST_F(Adodb, AddsARowWhenItIsSaved) {
-    auto rs = Open("SELECT * FROM Metal ORDER BY ID");
-    rs.MoveNext();
-    rs.AddNew();
-    rs.Cancel();
-    EXPECT_TRUE(rs["ID"].IsNull());
-    rs.CancelUpdate();
-    EXPECT_EQ(rs["ID"].Long(), 2);  // the row before AddNew
-    rs.AddNew();
-    rs.MoveFirst();  // nothing was assigned: dropped
-    rs.AddNew();
-    rs.Requery();
-    EXPECT_EQ(Rest(rs).substr(0, 6), "1|Zink");
-    EXPECT_EQ(Count(), "3");
-    rs.AddNew();
-    EXPECT_FALSE(rs.Eof());
-    rs["Name"] = "Tenn";
-    EXPECT_EQ(ErrorOf([&] { rs.Close(); }), errors::NotAllowedNow);
-    EXPECT_EQ(Count(), "3");
-    rs.MoveFirst();  // saved
-    EXPECT_EQ(rs["ID"].Long(), 1);
-    rs.AddNew();
-    rs["Name"] = "Guld";
-    rs["Egen"] = -1;
-    rs.Update();
-    rs.Update();
-    EXPECT_EQ(rs["ID"].Text() + rs["Name"].Text() + rs["Med"].Text(), "5Guld-1");  // Med by default
-    rs["Name"] = "Silver";  // the new row can be changed at once
-    rs.MoveNext();
-    EXPECT_TRUE(rs.Eof());
-    EXPECT_EQ(Ask("SELECT Name, Egen FROM Metal WHERE ID > 3"), "Tenn|0/Silver|-1");
-    rs.AddNew();
-    rs.Close();
-    EXPECT_EQ(Count(), "5");
-
+TEST_F(Adodb, GivesANewRowItsKeyAndDefaults) {
+    // The verdicts of a deleted material stay behind: they must not turn up under the next one.
+    for (const int wanted : {4, 5}) {
+        auto rs = Open("SELECT * FROM Metal");
+        rs.AddNew();
+        rs["Name"] = "Guld";
+        rs["Egen"] = -1;
+        rs.Update();
+        EXPECT_EQ(rs["ID"].Long(), wanted);
+        EXPECT_EQ(rs["Med"].Long(), -1);
+        EXPECT_EQ(Ask("SELECT Name, Egen, Med FROM Metal WHERE ID > 3"), "Guld|-1|-1");
+        rs.Delete();
+    }
     auto chemical = Open("SELECT * FROM Chemical Where ID = 900", adOpenDynamic);
     chemical.AddNew();
-    EXPECT_FALSE(chemical.Eof() || chemical.Bof());
     chemical["ID"] = "900";  // as the text of a file
     chemical["NameSE"] = "";
     chemical.Update();
     EXPECT_EQ(chemical["ID"].Long(), 900);
     EXPECT_EQ(Ask("SELECT ID, NameSE, NameEN FROM Chemical WHERE ID = 900"), "900||~");
-
     auto relation = Open("SELECT * FROM relMetal WHERE ChemID = 1");
     relation.AddNew();
     relation["ChemID"] = 1;
     EXPECT_EQ(ErrorOf([&] { relation.Update(); }), errors::RequiredField);
-    relation.CancelUpdate();
-    EXPECT_TRUE(relation.Eof() && relation.Bof());
 }
 
-TEST_F(Adodb, LeavesNoCurrentRowAfterDelete) {
-    auto rs = Open("SELECT * FROM Metal ORDER BY ID");
-    rs.Find("ID = 2");
-    rs.Delete();
-    EXPECT_EQ(Ask("SELECT ID FROM Metal"), "1/3");
-    EXPECT_EQ(ErrorOf([&] { rs["ID"].Get(); }), errors::NoCurrentRecord);
-    EXPECT_EQ(ErrorOf([&] { rs.Delete(); }), errors::NoCurrentRecord);
-    rs.MoveNext();
-    EXPECT_EQ(rs["ID"].Long(), 3);
-    rs.Delete();
-    rs.MovePrevious();
-    EXPECT_EQ(rs["ID"].Long(), 1);
-    rs.Delete();
-    EXPECT_EQ(ErrorOf([&] { rs.MoveFirst(); }), errors::NoCurrentRecord);
-    rs.Requery();
-    EXPECT_TRUE(rs.Eof() && rs.Bof());
-    // The verdicts of a deleted material stay behind: they must not turn up under the next one.
-    rs.AddNew();
-    rs["Name"] = "egen";
-    rs.Update();
-    EXPECT_EQ(rs["ID"].Long(), 4);
-}
-
-TEST_F(Adodb, StaysUsableWhenARowCannotBeSaved) {
-    auto rs = Open("SELECT * FROM Metal ORDER BY ID");
 #ifndef _WIN32
-    rs["Name"] = "Tenn";
-    {
-        const test::FullDisk full;
-        EXPECT_EQ(ErrorOf([&] { rs.Update(); }), errors::DiskNotReady);
-        EXPECT_EQ(ErrorOf([&] { rs.MoveNext(); }), errors::DiskNotReady);
+TEST_F(Adodb, KeepsAChangeThatTheDiskHasNoRoomFor) {
+    auto rs = Open("SELECT * FROM Metal ORDER BY ID");
+    for (const int rows : {3, 4}) {
+        rs["Name"] = "Tenn";
+        {
+            const test::FullDisk full;
+            EXPECT_EQ(ErrorOf([&] { rs.Update(); }), errors::DiskNotReady);
+            EXPECT_EQ(ErrorOf([&] { rs.MoveNext(); }), errors::DiskNotReady);
+        }
+        EXPECT_EQ(rs["Name"].Text(), "Tenn");
+        EXPECT_EQ(Ask("SELECT Name FROM Metal"), rows == 3 ? "Zink/Ärgat järn/bly" : "Tenn/Ärgat järn/bly");
+        rs.Update();
+        EXPECT_EQ(Count(), std::to_string(rows));
+        rs.AddNew();
     }
-    EXPECT_EQ(rs["Name"].Text(), "Tenn");
-    EXPECT_EQ(Ask("SELECT Name FROM Metal WHERE ID = 1"), "Zink");
-    rs.AddNew();  // saves
-    rs["Name"] = "Guld";
-    {
-        const test::FullDisk full;
-        EXPECT_EQ(ErrorOf([&] { rs.Update(); }), errors::DiskNotReady);
-    }
-    rs.Update();
-    EXPECT_EQ(Ask("SELECT Name FROM Metal WHERE ID IN (1, 4)"), "Tenn/Guld");
-    EXPECT_EQ(Count(), "4");
-    rs.MoveFirst();
-#endif
-    connection.Execute("DELETE FROM Metal WHERE ID = 1");
-    rs["Name"] = "gone";
-    EXPECT_EQ(ErrorOf([&] { rs.Update(); }), errors::StoreFailed);
-    EXPECT_EQ(ErrorOf([&] { rs["Name"].Get(); }), errors::NoCurrentRecord);
-    rs.MoveFirst();
-    EXPECT_EQ(rs["ID"].Long(), 2);
-    rs.Close();
 }
+#endif
 
 TEST_F(Adodb, LetsTheJournalBeFoldedBack) {
     const auto journal = database.File() += "-wal";
@@ -367,22 +347,19 @@ TEST_F(Adodb, RunsManyRecordSetsAtOnce) {
 }
 
 TEST(Value, ConvertsAsTheSystemDoes) {
-    const std::tuple<Value, std::string, long> cases[] = {{12, "12", 12},
-                                                          {true, "-1", -1},
-                                                          {-3.0, "-3", -3},
-                                                          {" -12 ", " -12 ", -12},
-                                                          {"+5", "+5", 5},
-                                                          {"7.0", "7.0", 7},
-                                                          {"2147483647", "2147483647", 2147483647}};
-    for (const auto& [value, text, number] : cases) {
-        EXPECT_EQ(value.Text(), text);
-        EXPECT_EQ(value.Long(), number);
+    const std::pair<const char*, long> cases[] = {
+        {" -12 ", -12}, {"+5", 5}, {"7.0", 7}, {"2147483647", 2147483647}};
+    for (const auto& [text, number] : cases) {
+        EXPECT_EQ(Value(text).Long(), number);
     }
+    EXPECT_EQ(
+        Value(12).Text() + Value(true).Text() + Value(-3.0).Text() + Value(2.5).Text() + Value().Joined(),
+        "12-1-32.5");
+    EXPECT_EQ(Value(-3.0).Long() * Value(true).Long(), 3);
     for (const Value& value : {Value(2.5), Value(9000000000LL), Value("2147483648"), Value(""), Value("12a"),
                                Value("--1"), Value("nan"), Value("1e3")}) {
         EXPECT_EQ(ErrorOf([&] { value.Long(); }), errors::TypeMismatch) << value.Text();
     }
-    EXPECT_EQ(Value(2.5).Text() + Value().Joined(), "2.5");
     EXPECT_EQ(ErrorOf([] { Value().Text(); }), errors::InvalidNull);
     EXPECT_EQ(ErrorOf([] { Value().Bool(); }), errors::InvalidNull);
     EXPECT_TRUE(Value(1).Bool() && Value("-1").Bool() && !Value("0").Bool() && !Value(false).Bool());

@@ -7,12 +7,14 @@
 
 #include <algorithm>
 
+#include "platform/files/ini.h"
 #include "platform/test_database.h"
 
 namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 using test::ErrorOf;
 using Strings = std::vector<std::string>;
 
@@ -86,7 +88,7 @@ TEST_F(Files, AllSpellingsAreOneFile) {
 }
 
 TEST_F(Files, CopyReplacesOrLeavesEverythingAsItWas) {
-    const std::string bytes("sv\0\r\n", 5);
+    const auto bytes = "sv\0\r\n"s;
     const fs::path lang = bin_ / "lang.ini";
     Write("LangSE.ini", bytes);
     Write("lang.ini", "a longer old content");
@@ -117,6 +119,39 @@ TEST_F(Files, CopyReplacesOrLeavesEverythingAsItWas) {
     EXPECT_EQ(ReadFile(lang), bytes);
     EXPECT_EQ(Names(), (Strings{"LangSE.ini", "lang.ini"}));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 1);
+}
+
+TEST(Ini, FindsTheKeyInWhateverShape) {
+    const std::string text =
+        "a=no section\n[System\na=unclosed\n[Other]\na=no\n [ SYSTEM ] \n;a=comment\n  ; a=comment\na\n=a\n"
+        "aa=no\rb=\r\n\t C \t=\t first \t\nc=second\nd=a;b=c\ne=[Other]\nf=\" a \"\ng=\"'a'\"\nh=\"a'\n"
+        "i=\"a\" b\nj=\"\nk=a\0b\n\xC5\xC4=V\xE4lj \x96 \x80\n[Third]\na=no\n[System]\na=second section\n"
+        "z=z"s;
+    for (const std::string_view rule : {"a|", "b|", "C|first", "d|a;b=c", "E|[Other]", "f| a ", "g|'a'",
+                                        "h|\"a'", "i|\"a\" b", "j|\"", "k|a", "åä|Välj – €", "z|", "|"}) {
+        const auto bar = rule.find('|');
+        EXPECT_EQ(ValueOfKey(text, "System", rule.substr(0, bar)), rule.substr(bar + 1)) << rule;
+    }
+    EXPECT_EQ(ValueOfKey("\xEF\xBB\xBF[Öppna]\nlang=å\xFF", "öPPNA", "lang"), "å\uFFFD");
+    EXPECT_EQ(ValueOfKey("\xFF\xFE[\0S\0]\0\r\0\n\0k\0=\0\x3D\xD8\x00\xDE\xE5\0\n"s, "S", "k"), "😀å");
+}
+
+TEST(Ini, TheBufferCutsAndEveryCallReadsTheFile) {
+    const test::TestFolder folder;
+    const auto file = folder.Path() / "lang.ini";
+    EXPECT_EQ(ReadKey("System", "lang", 100, file), "");
+    EXPECT_EQ(ReadKey("System", "lang", 100, folder.Path()), "");
+    WriteFile(file, "[System]\nlang=Svenska");
+    EXPECT_EQ(ReadKey("System", "lang", 100, file), "Svenska");
+    WriteFile(file, "[System]\nlang=\xC5\xC4\xD6\nquoted=\"  a  \"\nblank=\"   \"");
+    EXPECT_EQ(GetPrivateProfileString("System", "lang", 6, file), "ÅÄÖ\0  "s);
+    EXPECT_EQ(GetPrivateProfileString("System", "lang", 3, file), "ÅÄ\0"s);
+    EXPECT_EQ(GetPrivateProfileString("System", "none", 3, file), "\0  "s);
+    for (const auto& [size, value] : {std::pair(4, "ÅÄÖ"), {3, "ÅÄ"}, {1, ""}, {0, ""}}) {
+        EXPECT_EQ(ReadKey("System", "lang", static_cast<std::size_t>(size), file), value);
+    }
+    EXPECT_EQ(ReadKey("System", "quoted", 255, file), "a  ");  // the NUL shields the blanks before it
+    EXPECT_EQ(ReadKey("System", "blank", 255, file), "");
 }
 
 }  // namespace

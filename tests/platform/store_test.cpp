@@ -11,6 +11,7 @@
 #include <unistd.h>
 #endif
 
+#include "platform/store/lexer.h"
 #include "platform/test_database.h"
 
 namespace platform {
@@ -184,18 +185,49 @@ TEST(Statement, TakesExactlyOneStatement) {
     Store store(database.File(), kPassword, Access::Exclusive);
     EXPECT_EQ(ErrorOf([&] { store.Prepare(" "); }), errors::BadStatement);
     EXPECT_EQ(ErrorOf([&] { store.Prepare("SELECT 1; SELECT 2"); }), errors::BadStatement);
-    auto insert = store.Prepare("INSERT INTO Misc(ID, Name, Description) VALUES(?, ?, ?);");
-    insert.Bind(0, std::int64_t{4});
-    insert.Bind(1, std::string_view());  // an empty text is not Null
-    insert.BindNull(2);
-    EXPECT_FALSE(insert.Step());
-    EXPECT_EQ(store.LastInsertedID(), 4);
-    auto read = store.Prepare("SELECT Name, Description, 0.5 AS Half FROM Misc");
+    auto read = store.Prepare("SELECT ?, ?, 0.5 AS Half;");
+    read.Bind(0, std::string_view());  // an empty text is not Null
+    read.BindNull(1);
     ASSERT_TRUE(read.Step());
-    EXPECT_EQ(read.Column(0), Value(""));
-    EXPECT_TRUE(read.IsNull(1));
-    EXPECT_EQ(read.Column(2), Value(0.5));
+    EXPECT_TRUE(read.Column(0) == Value("") && read.IsNull(1) && read.Column(2) == Value(0.5));
     EXPECT_EQ(read.ColumnName(2), "Half");
+}
+
+TEST(Lexer, RefusesWhatIsNoSingleStatement) {
+    const auto refuses = [](const std::string& statement) {
+        EXPECT_EQ(ErrorOf([&] { ToStoreSql(statement); }), errors::BadStatement) << statement;
+    };
+    for (const auto* statement : {"", "  \r\n", ";", "PRAGMA key = 'x'", "' Metall' AS Description, Egen",
+                                  "WITH x AS (SELECT 1) SELECT * FROM x", "SELECT\u00A0* FROM Conc"}) {
+        refuses(statement);
+    }
+    for (const auto* condition :
+         {"1;;",        "1; SELECT 1",  "1 -- all",    "/* all */ 1", "[ID = 1",    "[] = 1",
+          "\"ID = 1",   "'5' rör%'",    "'%",          "'\xFF'",      "ID IN ()",   "ID in(  )",
+          "(ID = 1",    "ID = 1)",      "ID = ?",      "ID = :ID",    "ID = 12abc", "1.2.3",
+          "'a' || 'b'", "1 ESCAPE 'b'", "'a' & AND 1", "& 'a'",       "1 +"}) {
+        refuses("SELECT * FROM Conc WHERE " + std::string(condition));
+    }
+    refuses(std::string("SELECT 'a\0b'", 12));
+    refuses("SELECT " + std::string(5000, '(') + "1" + std::string(5000, ')'));
+}
+
+TEST(Lexer, GivesTheOperatorsTheirMeaning) {
+    const test::TestDatabase database;
+    database.Fill("INSERT INTO Metal(ID, Name, Description) VALUES(7, 'Stål', NULL)");
+    adodb::Connection connection;
+    database.Open(connection);
+    const std::pair<std::string, std::string> cases[] = {
+        {"'me' & ID, 'a' & NULL & 'b', Name & Description, Name + ' x', Description + ' x'",
+         "me7|ab|Stål|Stål x|~"},
+        {"Name & Description + ' x', Name & (Description + ' x') & '.'", "Stål|Stål."},
+        {"ID + 1, 1 + 1 & 'a', -ID, - -1 & +2, ID - 1 - 1, ID * 2 & 'x', .5 + 1e1", "8|2a|-7|12|5|14x|10.5"},
+        {"'a' & 1 = 'a1', 'A' & 'x' LIKE 'a' & '%', Count(*)", "1|1|1"},
+        {"\"it's \"\"x\"\"\", 'it''s -- /* ; ['", "it's \"x\"|it's -- /* ; ["},
+        {"metal.[NAME], Name AS IDFält, Name AS [a b]", "Stål|Stål|Stål"}};
+    for (const auto& [columns, row] : cases) {
+        EXPECT_EQ(test::Ask(connection, "Select " + columns + " From Metal Where ID = 7 ;"), row);
+    }
 }
 
 }  // namespace
