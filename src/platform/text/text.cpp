@@ -4,12 +4,12 @@
 #include "platform/text/text.h"
 
 #include <unicode/locid.h>
-#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
 
 #include "platform/error.h"
+#include "platform/text/fold.h"
 
 namespace platform {
 
@@ -19,12 +19,8 @@ bool StartsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
 }
 
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-char AsciiLower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+char AsciiFold(char c) {
+    return static_cast<char>(kAsciiFolds[static_cast<unsigned char>(c)]);
 }
 
 // Index of the byte behind the first count characters.
@@ -97,7 +93,7 @@ std::string LCase(std::string_view text) {
     std::string result;
     if (IsAscii(text)) {
         result.resize(text.size());
-        std::transform(text.begin(), text.end(), result.begin(), AsciiLower);
+        std::transform(text.begin(), text.end(), result.begin(), AsciiFold);
     } else {
         Utf16(text).toLower(icu::Locale::getRoot()).toUTF8String(result);
     }
@@ -131,11 +127,15 @@ std::string Text(long number) {
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     const bool asciiEqual = std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                                       [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
+                                       [](char x, char y) { return AsciiFold(x) == AsciiFold(y); });
     if (asciiEqual || (IsAscii(a) && IsAscii(b))) {
         return asciiEqual;
     }
-    return Utf16(a).caseCompare(Utf16(b), U_FOLD_CASE_DEFAULT) == 0;
+    std::string left;
+    std::string right;
+    Fold(a, left);
+    Fold(b, right);
+    return left == right;
 }
 
 }  // namespace platform

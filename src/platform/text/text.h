@@ -49,7 +49,7 @@ std::size_t InStrRev(std::string_view text, std::string_view what);
 /// A number in decimal.
 std::string Text(long number);
 
-/// Whether two texts are equal but for case, in every script.
+/// Whether two texts are equal by the system's rule (fold.h): but for case, in every script.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
 }  // namespace platform
