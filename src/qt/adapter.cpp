@@ -122,6 +122,7 @@ std::unique_ptr<Adapter> MakeAdapter(FormWindow& window, platform::Control& cont
         Make<platform::SSTab, TabAdapter>(window, control, adapter) ||
         Make<platform::ListBox, ListBoxAdapter>(window, control, adapter) ||
         Make<platform::PictureBox, PictureBoxAdapter>(window, control, adapter) ||
+        Make<platform::RichTextBox, RichTextBoxAdapter>(window, control, adapter) ||
         Make<platform::Image, ImageAdapter>(window, control, adapter) ||
         Make<platform::oFormula, FormulaAdapter>(window, control, adapter) ||
         Make<platform::Menu, MenuAdapter>(window, control, adapter);

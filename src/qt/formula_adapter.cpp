@@ -159,4 +159,16 @@ void FormulaAdapter::CarryOwn() {
     Window().NamesChanged();
 }
 
+// --- RichTextBox ---
+
+RichTextBoxAdapter::RichTextBoxAdapter(FormWindow& window, platform::RichTextBox& box)
+    : WidgetAdapter(window, box, Child<FormulaWidget>(ParentOf(window, box))),
+      box_(box),
+      widget_(static_cast<FormulaWidget*>(Widget())) {}
+
+void RichTextBoxAdapter::CarryOwn() {
+    constexpr int kPadding = 80;  // twips
+    widget_->Show(box_.Content(), Window().Measure().Px(kPadding));
+}
+
 }  // namespace qt

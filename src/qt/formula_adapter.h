@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/forms/formula_box.h"
+#include "platform/forms/rich_text_box.h"
 #include "qt/adapter.h"
 
 class QKeyEvent;
@@ -42,6 +43,19 @@ class FormulaAdapter final : public WidgetAdapter {
     int revision_ = -1;
     Characters latest_;
     bool amending_ = false;
+};
+
+/// A box that shows rich text, drawn as a formula is in reading.
+class RichTextBoxAdapter final : public WidgetAdapter {
+  public:
+    RichTextBoxAdapter(FormWindow& window, platform::RichTextBox& box);
+
+  protected:
+    void CarryOwn() override;
+
+  private:
+    platform::RichTextBox& box_;
+    FormulaWidget* widget_;
 };
 
 }  // namespace qt

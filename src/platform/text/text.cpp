@@ -4,6 +4,7 @@
 #include "platform/text/text.h"
 
 #include <unicode/locid.h>
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
