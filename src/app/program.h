@@ -10,8 +10,17 @@
 
 namespace vemora {
 
+class frmInställningar;
 class frmLang;
 class frmMain;
+class frmUChemicals;
+class frmUConcentration;
+class frmUMetal;
+class frmUMisc;
+class frmURelations;
+class frmUPlast;
+class frmUTemperature;
+class frmUTight;
 
 /// The program with its windows, each made at its first use. Knows no widget: it runs on any desktop.
 class Program {
@@ -22,9 +31,22 @@ class Program {
     mMain Main;
 
   private:
+    /// Makes a window of the program at its first use.
+    template <class T>
+    Windows::Any Maker(std::unique_ptr<T>& window);
+
     std::unique_ptr<vemora::frmLang> frmLang_;
     std::unique_ptr<vemora::frmMain> frmMain_;
     std::unique_ptr<vemora::frmChemical> frmChemical_;
+    std::unique_ptr<vemora::frmUChemicals> frmUChemicals_;
+    std::unique_ptr<vemora::frmUConcentration> frmUConcentration_;
+    std::unique_ptr<vemora::frmUTemperature> frmUTemperature_;
+    std::unique_ptr<vemora::frmUMetal> frmUMetal_;
+    std::unique_ptr<vemora::frmUPlast> frmUPlast_;
+    std::unique_ptr<vemora::frmUTight> frmUTight_;
+    std::unique_ptr<vemora::frmUMisc> frmUMisc_;
+    std::unique_ptr<vemora::frmURelations> frmURelations_;
+    std::unique_ptr<vemora::frmInställningar> frmInställningar_;
 };
 
 }  // namespace vemora

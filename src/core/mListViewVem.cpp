@@ -12,6 +12,13 @@ void VisaSorteringspil(platform::ListView& lvw, int Kolumn, int Bild, bool Visa)
     lvw.SetColumnSortImage(Kolumn, Visa ? std::optional(Bild) : std::nullopt);
 }
 
+void SorteraPåKolumn(platform::ListView& lvw, int ColumnHeader, bool fallande) {
+    lvw.SortKey = ColumnHeader - 1;
+    lvw.SortOrder = fallande ? 1 : 0;
+    lvw.Sorted = true;
+    VisaSorteringspilar(lvw);
+}
+
 void VisaSorteringspilar(platform::ListView& lvw) {
     for (int i = 0; i < lvw.ColumnCount(); ++i) {
         if (i == lvw.SortKey) {

@@ -11,6 +11,9 @@ namespace vemora {
 /// arrow in the list's heading images: 0 ascending, 1 descending. The column "Värde" never shows one.
 void VisaSorteringspil(platform::ListView& lvw, int Kolumn, int Bild, bool Visa);
 
+/// Sorts the list by a column, counted from 1 as a click on its heading tells it, and moves the arrow there.
+void SorteraPåKolumn(platform::ListView& lvw, int ColumnHeader, bool fallande);
+
 /// Sets the arrow on the list's sort column and removes it from all others, after a click on a heading.
 void VisaSorteringspilar(platform::ListView& lvw);
 

@@ -66,8 +66,9 @@ QString AccessibleName(const platform::Control& control) {
     if (name.isEmpty() && dynamic_cast<const platform::Image*>(&control) != nullptr) {
         name = QString::fromStdString(control.Parent().Caption);
     }
-    // A formula is drawn, so its name has to say what it is.
-    if (const auto* formula = dynamic_cast<const platform::oFormula*>(&control)) {
+    // A formula that is only drawn can't be walked through: its name has to say what it is.
+    const auto* const formula = dynamic_cast<const platform::oFormula*>(&control);
+    if (formula != nullptr && formula->Locked) {
         name = (name + ' ' + QString::fromStdString(formula->PlainText())).trimmed();
     }
     return name;

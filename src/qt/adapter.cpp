@@ -10,9 +10,12 @@
 #include "qt/colours.h"
 #include "qt/combo_adapter.h"
 #include "qt/form_window.h"
+#include "qt/formula_adapter.h"
 #include "qt/list_adapter.h"
+#include "qt/list_box_adapter.h"
 #include "qt/menu_adapter.h"
 #include "qt/picture_adapters.h"
+#include "qt/tab_adapter.h"
 #include "qt/text_adapter.h"
 #include "qt/texts.h"
 
@@ -116,6 +119,10 @@ std::unique_ptr<Adapter> MakeAdapter(FormWindow& window, platform::Control& cont
         Make<platform::TextBox, TextBoxAdapter>(window, control, adapter) ||
         Make<platform::ComboBox, ComboBoxAdapter>(window, control, adapter) ||
         Make<platform::ListView, ListViewAdapter>(window, control, adapter) ||
+        Make<platform::SSTab, TabAdapter>(window, control, adapter) ||
+        Make<platform::ListBox, ListBoxAdapter>(window, control, adapter) ||
+        Make<platform::PictureBox, PictureBoxAdapter>(window, control, adapter) ||
+        Make<platform::RichTextBox, RichTextBoxAdapter>(window, control, adapter) ||
         Make<platform::Image, ImageAdapter>(window, control, adapter) ||
         Make<platform::oFormula, FormulaAdapter>(window, control, adapter) ||
         Make<platform::Menu, MenuAdapter>(window, control, adapter);
@@ -129,7 +136,8 @@ Adapter* AdapterOf(const platform::Control& control) {
 QWidget* ParentOf(const FormWindow& window, const platform::Control& control) {
     const Adapter* const container =
         control.Container() != nullptr ? AdapterOf(*control.Container()) : nullptr;
-    return container != nullptr && container->Widget() != nullptr ? container->Widget() : window.Canvas();
+    QWidget* const content = container != nullptr ? container->Content(control) : nullptr;
+    return content != nullptr ? content : window.Canvas();
 }
 
 }  // namespace qt

@@ -31,6 +31,8 @@ class Adapter : public platform::View {
     virtual void Carry() = 0;
     /// Null for what has no place of its own in the window.
     virtual QWidget* Widget() const { return nullptr; }
+    /// The widget in which what lies on this control lies.
+    virtual QWidget* Content(const platform::Control& control) const { return (void)control, Widget(); }
     /// The control is about to go: nothing may ask it any more.
     virtual void Release();
     /// An event of the widget before the widget has it; true when the widget must not have it.

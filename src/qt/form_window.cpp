@@ -85,6 +85,10 @@ void FormWindow::MakeWidgets() {
         if (QWidget* widget = adapter->Widget()) {
             widget->installEventFilter(this);
             byWidget_.insert(widget, adapter.get());
+            if (QWidget* const keyboard = widget->focusProxy()) {
+                keyboard->installEventFilter(this);
+                byWidget_.insert(keyboard, adapter.get());
+            }
         }
         adapters_.push_back(std::move(adapter));
     }

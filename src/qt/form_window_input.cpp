@@ -49,7 +49,7 @@ bool FormWindow::FocusIn(Adapter& adapter, Qt::FocusReason reason) {
     }
     Input([&control] { control.InputFocus(); });
     // The form may have led the focus on: this widget must not believe that it has it.
-    return !live_ || (!flushing_ && focusWidget() != adapter.Widget());
+    return !live_ || (!flushing_ && FocusedAdapter() != &adapter);
 }
 
 // A control that lies outside waits for the window to be made larger: Tab passes it by.

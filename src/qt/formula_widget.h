@@ -4,25 +4,35 @@
 #pragma once
 
 #include <QFont>
-#include <QWidget>
+#include <QTextEdit>
 
 #include "platform/richtext/richtext.h"
 
 namespace qt {
 
-/// Draws a text with lowered and raised pieces in a frame like that of a text box.
-class FormulaWidget final : public QWidget {
+/// A formula in a frame like that of a text box: drawn when it is only read, and edited on one line
+/// otherwise. Its document holds the formula in either case, for screen readers and the caret.
+class FormulaWidget final : public QTextEdit {
   public:
-    using QWidget::QWidget;
+    explicit FormulaWidget(QWidget* parent);
 
-    /// The padding is the free space around the text in pixels.
+    /// What is drawn in reading. The padding is the free space around the text in pixels.
     void Show(const platform::RichText& content, int padding);
-    const platform::RichText& Content() const { return content_; }
-    /// Width in pixels of the widest line.
-    int ContentWidth() const;
+    void SetEditable(bool editable);
+    /// Puts the line that is edited where it is drawn in reading, to be called when its height may have
+    /// changed.
+    void PlaceLine();
 
   protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
 
   private:
     struct Piece {
@@ -34,6 +44,9 @@ class FormulaWidget final : public QWidget {
     QFont FontAt(platform::Run::Height position) const;
     int ShiftOf(platform::Run::Height position) const;
     int WidthOf(const Line& line) const;
+    QStyleOptionFrame FrameOption() const;
+    int Baseline(int top, int height, int lines) const;
+    void DrawFormula();
 
     platform::RichText content_;
     int padding_ = 0;

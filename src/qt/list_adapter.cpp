@@ -22,8 +22,24 @@ ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
     widget_->setHeader(header_);
     header_->setSectionsClickable(true);  // a list that doesn't sort by itself switches it off
     widget_->setModel(model_);
-    QObject::connect(widget_, &ListWidget::Chosen, Context(),
-                     [this](int row) { Report([this, row] { list_.InputSelect(row); }); });
+    QObject::connect(widget_, &ListWidget::Chosen, Context(), [this](int row) {
+        // In a list of one choice, what isn't a row changes nothing.
+        const std::vector<int> rows = list_.MultiSelect() ? SelectedRows() : std::vector<int>{row};
+        Report([this, rows, row] { list_.InputSelection(rows, row); });
+    });
+    QObject::connect(widget_, &ListWidget::Clicked, Context(),
+                     [this] { Report([this] { list_.InputClick(); }); });
+    if (list.MultiSelect()) {
+        widget_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    }
+    // A tick on one of several selected rows goes for all of them.
+    model_->Ticked = [this](int row, bool checked) {
+        std::vector<int> rows = SelectedRows();
+        if (std::find(rows.begin(), rows.end(), row) == rows.end()) {
+            rows = {row};
+        }
+        Report([this, rows, checked] { list_.InputCheck(rows, checked); });
+    };
     QObject::connect(widget_, &ListWidget::DoubleClicked, Context(),
                      [this] { Report([this] { list_.InputDoubleClick(); }); });
     QObject::connect(header_, &QHeaderView::sectionClicked, Context(),
@@ -53,6 +69,10 @@ void ListViewAdapter::CarryOwn() {
     if (columnsChanged || line != linePx_) {
         CarryWidths();
     }
+    if (checks_ != list_.ChecksVersion() && rows_ == list_.RowsVersion()) {
+        model_->ChecksChanged();
+    }
+    checks_ = list_.ChecksVersion();
     rows_ = list_.RowsVersion();
     columns_ = list_.ColumnsVersion();
     linePx_ = line;
@@ -72,7 +92,39 @@ void ListViewAdapter::CarryWidths() {
     }
 }
 
+std::vector<int> ListViewAdapter::SelectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& index : widget_->selectionModel()->selectedRows()) {
+        rows.push_back(index.row());
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void ListViewAdapter::CarrySeveral() {
+    std::vector<int> wanted;
+    QItemSelection rows;
+    for (int i = 0; i < list_.ItemCount(); ++i) {
+        if (list_.Item(i).Selected()) {
+            wanted.push_back(i);
+            rows.select(model_->index(i, 0), model_->index(i, 0));
+        }
+    }
+    QItemSelectionModel* const selection = widget_->selectionModel();
+    if (wanted != SelectedRows()) {
+        selection->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    const int place = std::max(list_.SelectedIndex(), 0);
+    if (place < list_.ItemCount() && (!selection->currentIndex().isValid() || list_.SelectedIndex() >= 0)) {
+        selection->setCurrentIndex(model_->index(place, 0), QItemSelectionModel::NoUpdate);
+    }
+}
+
 void ListViewAdapter::CarrySelection() {
+    if (list_.MultiSelect()) {
+        CarrySeveral();
+        return;
+    }
     QItemSelectionModel* const selection = widget_->selectionModel();
     const int place = list_.SelectedIndex();
     if (place >= 0) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/forms/list_view.h"
 #include "qt/adapter.h"
@@ -25,6 +26,8 @@ class ListViewAdapter final : public WidgetAdapter {
   private:
     void CarryWidths();
     void CarrySelection();
+    void CarrySeveral();
+    std::vector<int> SelectedRows() const;
 
     platform::ListView& list_;
     ListWidget* widget_;
@@ -33,6 +36,7 @@ class ListViewAdapter final : public WidgetAdapter {
     // What of the control the widget shows.
     std::uint64_t rows_ = 0;
     std::uint64_t columns_ = 0;
+    std::uint64_t checks_ = 0;
     int linePx_ = 0;
 };
 

@@ -45,6 +45,12 @@ void ListModel::HeadingsChanged() {
     }
 }
 
+void ListModel::ChecksChanged() {
+    if (rows_ > 0 && columns_ > 0) {
+        emit dataChanged(index(0, 0), index(rows_ - 1, 0), {Qt::CheckStateRole});
+    }
+}
+
 void ListModel::Detach() {
     list_ = nullptr;
 }
@@ -71,8 +77,12 @@ bool ListModel::hasChildren(const QModelIndex& parent) const {
 }
 
 Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren
-                           : Qt::NoItemFlags;
+    if (!index.isValid()) {
+        return Qt::NoItemFlags;
+    }
+    const bool ticks = list_ != nullptr && list_->Checkboxes() && index.column() == 0;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren |
+           (ticks ? Qt::ItemIsUserCheckable : Qt::NoItemFlags);
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
@@ -85,10 +95,21 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return OneLine(index.column() == 0 ? item.Text
                                            : item.SubItems(static_cast<std::size_t>(index.column())));
     }
+    if (role == Qt::CheckStateRole && list_->Checkboxes() && index.column() == 0) {
+        return list_->Item(index.row()).Checked() ? Qt::Checked : Qt::Unchecked;
+    }
     if (role == Qt::TextAlignmentRole) {
         return Alignment(list_->Column(index.column()).Alignment);
     }
     return {};
+}
+
+bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::CheckStateRole || list_ == nullptr || !index.isValid() || !Ticked) {
+        return false;
+    }
+    Ticked(index.row(), value.toInt() == Qt::Checked);
+    return true;
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <functional>
 
 #include "platform/forms/list_view.h"
 
@@ -16,9 +17,12 @@ namespace qt {
 class ListModel final : public QAbstractItemModel {
   public:
     ListModel(const platform::ListView& list, QObject* parent);
+    /// The user has turned the tick of a row; the model itself keeps showing what the list says.
+    std::function<void(int row, bool checked)> Ticked;
 
     void Reload();
     void HeadingsChanged();
+    void ChecksChanged();
     /// The control is gone: from now on the list is empty.
     void Detach();
 
@@ -29,6 +33,7 @@ class ListModel final : public QAbstractItemModel {
     bool hasChildren(const QModelIndex& parent = {}) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:

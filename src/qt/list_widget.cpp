@@ -74,7 +74,9 @@ void ListWidget::selectionChanged(const QItemSelection& selected, const QItemSel
     QTreeView::selectionChanged(selected, deselected);
     if (!pressing_) {
         const QModelIndexList rows = selectionModel()->selectedRows();
-        emit Chosen(rows.isEmpty() ? -1 : rows.front().row());
+        emit Chosen(rows.isEmpty()                       ? -1
+                    : selectionMode() == SingleSelection ? rows.front().row()
+                                                         : currentIndex().row());
     }
 }
 
@@ -84,8 +86,9 @@ void ListWidget::mousePressEvent(QMouseEvent* event) {
         QTreeView::mousePressEvent(event);
     }
     const QModelIndex pressed = indexAt(event->position().toPoint());
-    if (pressed.isValid()) {
-        emit Chosen(pressed.row());
+    emit Chosen(pressed.row());
+    if (event->button() == Qt::LeftButton) {
+        emit Clicked();
     }
 }
 

@@ -17,6 +17,8 @@ class ListWidget final : public QTreeView {
   signals:
     /// A row has been selected, or has been clicked again; -1 when none is selected any more.
     void Chosen(int row);
+    /// A click anywhere in the list, behind what it has chosen.
+    void Clicked();
     /// A double click anywhere in the list, on its empty part too.
     void DoubleClicked();
 

@@ -7,7 +7,6 @@
 #include <QSvgRenderer>
 
 #include "qt/form_window.h"
-#include "qt/formula_widget.h"
 #include "qt/owned.h"
 #include "qt/pictures.h"
 
@@ -40,8 +39,6 @@ class PictureWidget final : public QWidget {
     QSvgRenderer renderer_;
 };
 
-// --- Image ---
-
 ImageAdapter::ImageAdapter(FormWindow& window, platform::Image& image)
     : WidgetAdapter(window, image, Child<PictureWidget>(ParentOf(window, image))),
       image_(image),
@@ -51,18 +48,9 @@ void ImageAdapter::CarryOwn() {
     widget_->Show(QString::fromStdString(image_.Picture));
 }
 
-// --- oFormula ---
+// --- PictureBox ---
 
-FormulaAdapter::FormulaAdapter(FormWindow& window, platform::oFormula& formula)
-    : WidgetAdapter(window, formula, Child<FormulaWidget>(ParentOf(window, formula))),
-      formula_(formula),
-      widget_(static_cast<FormulaWidget*>(Widget())) {}
-
-void FormulaAdapter::CarryOwn() {
-    constexpr int kTwipsPerPoint = 20;
-    widget_->setFocusPolicy(formula_.TakesFocus() ? Qt::StrongFocus : Qt::NoFocus);
-    widget_->Show(formula_.Content(), Window().Measure().Px(formula_.Padding * kTwipsPerPoint));
-    Window().NamesChanged();
-}
+PictureBoxAdapter::PictureBoxAdapter(FormWindow& window, platform::PictureBox& box)
+    : WidgetAdapter(window, box, Child<QWidget>(ParentOf(window, box))) {}
 
 }  // namespace qt

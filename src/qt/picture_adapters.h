@@ -3,13 +3,11 @@
 
 #pragma once
 
-#include "platform/forms/formula_box.h"
 #include "platform/forms/pictures.h"
 #include "qt/adapter.h"
 
 namespace qt {
 
-class FormulaWidget;
 class PictureWidget;
 
 class ImageAdapter final : public WidgetAdapter {
@@ -24,16 +22,12 @@ class ImageAdapter final : public WidgetAdapter {
     PictureWidget* widget_;
 };
 
-class FormulaAdapter final : public WidgetAdapter {
+class PictureBoxAdapter final : public WidgetAdapter {
   public:
-    FormulaAdapter(FormWindow& window, platform::oFormula& formula);
+    PictureBoxAdapter(FormWindow& window, platform::PictureBox& box);
 
   protected:
-    void CarryOwn() override;
-
-  private:
-    platform::oFormula& formula_;
-    FormulaWidget* widget_;
+    void CarryOwn() override {}
 };
 
 }  // namespace qt

@@ -187,6 +187,7 @@ frmChemical::RecordsetPtr frmChemical::GetClassRs(const MaterialClass& klass, bo
                 list += (*selected)["ID"].Text() + ", ";
                 selected->MoveNext();
             }
+            selected->Close();
             list = Cut(list);
             if (!list.empty()) {
                 statement += " AND " + table + ".ID IN (" + list + ")";

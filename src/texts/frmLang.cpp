@@ -22,25 +22,10 @@ frmLang::frmLang(platform::Desktop& desktop, std::filesystem::path folder)
 
 void frmLang::Form_Load() {
     try {
-        VisaSpråk();
+        ListLanguages(cboLang, folder_, bLaddar);
         Screen().MousePointer(platform::pointer::Default);
     } catch (const platform::Error& error) {
         Screen().MsgBox(std::to_string(error.Number) + error.Description + "\r\n" + "frmLogin.Form_Load ");
-    }
-}
-
-void frmLang::VisaSpråk() {
-    const LanguageFiles files = FindLanguageFiles(folder_);
-    for (const std::string& entry : files.Entries) {
-        cboLang.AddItem(entry);
-    }
-    for (int i = 0; i < cboLang.ListCount(); ++i) {
-        if (EntryIsLanguage(cboLang.List(i), files.Current)) {
-            bLaddar = true;
-            cboLang.ListIndex = i;
-            bLaddar = false;
-            break;
-        }
     }
 }
 

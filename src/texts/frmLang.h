@@ -39,7 +39,6 @@ class frmLang final : public platform::Form {
     void Form_Load() override;
 
   private:
-    void VisaSpråk();
     void cboLang_Click();
     void cmdOk_Click();
     void cmdAvbryt_Click();

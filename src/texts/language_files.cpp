@@ -32,6 +32,21 @@ bool EntryIsLanguage(const std::string& entry, const std::string& language) {
     return platform::Trim(platform::Left(entry, 50)) == language;
 }
 
+void ListLanguages(platform::ComboBox& list, const std::filesystem::path& folder, bool& loading) {
+    const LanguageFiles files = FindLanguageFiles(folder);
+    for (const std::string& entry : files.Entries) {
+        list.AddItem(entry);
+    }
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (EntryIsLanguage(list.List(i), files.Current)) {
+            loading = true;
+            list.ListIndex = i;
+            loading = false;
+            break;
+        }
+    }
+}
+
 void ActivateLanguage(const std::filesystem::path& folder, const std::string& entry) {
     const std::string name = entry.substr(entry.rfind(' ') + 1);
     try {

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/forms/lists.h"
+
 namespace vemora {
 
 /// The language files of a folder, as they are offered for choice.
@@ -22,6 +24,10 @@ LanguageFiles FindLanguageFiles(const std::filesystem::path& folder);
 
 /// Whether an entry stands for this language: its first 50 characters, trimmed, are the name.
 bool EntryIsLanguage(const std::string& entry, const std::string& language);
+
+/// Puts an entry for each language file into the list and selects the one whose language is in force, if
+/// there is one. `loading` is true while that selection raises its event.
+void ListLanguages(platform::ComboBox& list, const std::filesystem::path& folder, bool& loading);
 
 /// Puts the file that an entry names in the place of the active one. Error 53, 70, 71 or 75 when the copy
 /// fails; the active file may be gone then.

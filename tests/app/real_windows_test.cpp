@@ -191,22 +191,15 @@ TEST(RealWindows, SearchOpenNarrowCopyAndCloseByKeyboard) {
     EXPECT_EQ(run.Program.Main.gCn, nullptr);
 }
 
-TEST(RealWindows, TabPassesByWhatLiesOutside) {
-    Shown run("English");
-    QWidget* main = run.Start();
-    ASSERT_NE(main, nullptr);
-    for (int i = 0; i < 8; ++i) {
-        EXPECT_FALSE(main->focusWidget()->visibleRegion().isEmpty())
-            << main->focusWidget()->objectName().toStdString();
-        QTest::keyClick(main->focusWidget(), Qt::Key_Tab);
-    }
-    main->close();
-}
-
-TEST(RealWindows, DoubleClickOpensAndTheCloseButtonCloses) {
+TEST(RealWindows, TabPassesByWhatLiesOutsideDoubleClickOpensAndTheCloseButtonCloses) {
     Shown run("Svenska");
     QWidget* main = run.Start();
     ASSERT_NE(main, nullptr);
+    for (int i = 0; i < 8; ++i) {
+        const QWidget* focus = main->focusWidget();
+        EXPECT_FALSE(focus->visibleRegion().isEmpty()) << focus->objectName().toStdString();
+        QTest::keyClick(main->focusWidget(), Qt::Key_Tab);
+    }
     QTest::mouseClick(Child<QWidget>(main, "cmdSök"), Qt::LeftButton);
     run.Desktop.Flush();
     auto* list = Child<QTreeView>(main, "lvwResultat");
@@ -220,7 +213,6 @@ TEST(RealWindows, DoubleClickOpensAndTheCloseButtonCloses) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, second);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, second);
     EXPECT_TRUE(opened);
-    EXPECT_EQ(WindowNamed("frmChemical"), nullptr);
     main->close();
 }
 

@@ -6,82 +6,63 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
-#include <random>
 
-#include "platform/error.h"
+#include "platform/files/ini.h"
+#include "platform/test_database.h"
 
 namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-long NumberOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Error& error) {
-        EXPECT_FALSE(error.Description.empty());
-        return error.Number;
-    }
-    return 0;
-}
+using namespace std::string_literals;
+using test::ErrorOf;
+using Strings = std::vector<std::string>;
 
 class Files : public testing::Test {
   protected:
-    Files() { fs::create_directories(folder_ / "bin"); }
-    ~Files() override { fs::remove_all(folder_); }
+    Files() { fs::create_directory(bin_); }
 
     void Write(const std::string& name, std::string_view bytes = {}) const {
-        WriteFile(folder_ / PathFromUtf8(name), bytes);
+        WriteFile(bin_ / PathFromUtf8(name), bytes);
     }
-    std::vector<std::string> Names(std::string_view pattern) const {
-        auto names = Dir(folder_ / "bin", pattern);
+    Strings Names(std::string_view pattern = "*") const {
+        auto names = Dir(bin_, pattern);
         std::sort(names.begin(), names.end());
         return names;
     }
     // Puts a file there without the care that WriteFile takes of other spellings.
     fs::path Spelling(const std::string& name) const {
-        const fs::path other = folder_ / "other";
-        WriteFile(other, name);
-        fs::rename(other, folder_ / PathFromUtf8(name));
-        return folder_ / PathFromUtf8(name);
-    }
-    bool CaseMatters() const {
-        const fs::path probe = Spelling("Probe");
-        const bool matters = !fs::exists(folder_ / "pROBE");
-        fs::remove(probe);
-        return matters;
+        WriteFile(folder_ / "other", name);
+        fs::rename(folder_ / "other", folder_ / name);
+        return folder_ / name;
     }
 
-    const fs::path folder_ =
-        fs::temp_directory_path() / ("vemora_files." + std::to_string(std::random_device()()));
+    const test::TestFolder home_;
+    const fs::path folder_ = home_.Path();
+    const fs::path bin_ = folder_ / "bin";
 };
 
 TEST_F(Files, DirMatchesPatterns) {
-    using Strings = std::vector<std::string>;
-    for (const char* name :
-         {"bin/lang.ini", "bin/LangSE.INI", "bin/Lang en.ini", "bin/lang.ini.bak", "bin/språk.ini"}) {
+    for (const char* name : {"lang.ini", "LangSE.INI", "Lang en.ini", "lang.ini.bak", "språk.ini"}) {
         Write(name);
     }
-    fs::create_directory(folder_ / "bin" / "LangDir.ini");
+    fs::create_directory(bin_ / "LangDir.ini");
     EXPECT_EQ(Names("Lang*.ini"), (Strings{"Lang en.ini", "LangSE.INI", "lang.ini"}));
     EXPECT_EQ(Names("LANG??.ini"), (Strings{"LangSE.INI"}));
     EXPECT_EQ(Names("SPR?K.*"), (Strings{"språk.ini"}));
     EXPECT_EQ(Names("SPRÅK.ini"), (Strings{"språk.ini"}));
-    EXPECT_EQ(Names("*.i*i*"),
-              (Strings{"Lang en.ini", "LangSE.INI", "lang.ini", "lang.ini.bak", "språk.ini"}));
-    EXPECT_EQ(Names("*a*a*a*"), Strings());
-    EXPECT_EQ(Names("ang.ini"), Strings());
-    EXPECT_EQ(Names(""), Strings());
+    EXPECT_EQ(Names("*.i*i*").size(), 5u);
+    for (const char* pattern : {"*a*a*a*", "ang.ini", ""}) {
+        EXPECT_EQ(Names(pattern), Strings()) << pattern;
+    }
     EXPECT_EQ(Dir(folder_ / "none", "*"), Strings());
 }
 
 TEST_F(Files, FindFileIgnoresCaseAndKindOfSeparator) {
-    Write("bin/LANG.ini");
+    Write("LANG.ini");
     for (const char* place : {"bin/LANG.ini", "bin\\lang.ini", "BIN/Lang.INI", "\\Bin\\lang.ini"}) {
         const auto found = FindFile(folder_, place);
-        ASSERT_TRUE(found) << place;
-        EXPECT_TRUE(fs::equivalent(*found, folder_ / "bin" / "LANG.ini"));
+        EXPECT_TRUE(found && fs::equivalent(*found, bin_ / "LANG.ini")) << place;
     }
     for (const char* place : {"", "bin", "BIN", "bin/lang", "lang.ini", "bin/lang.ini/x", "none/lang.ini"}) {
         EXPECT_FALSE(FindFile(folder_, place)) << place;
@@ -89,59 +70,88 @@ TEST_F(Files, FindFileIgnoresCaseAndKindOfSeparator) {
 }
 
 TEST_F(Files, AllSpellingsAreOneFile) {
-    if (!CaseMatters()) {
-        GTEST_SKIP() << "The file system itself holds them to be one.";
-    }
     Spelling("bin/Lang.ini");
     const fs::path exact = Spelling("bin/lang.ini");
+    if (Names().size() == 1) {
+        GTEST_SKIP() << "The file system itself holds them to be one.";
+    }
     EXPECT_EQ(FindFile(folder_, "bin/lang.ini"), exact);
-    Write("bin/LANG.INI", "new");
-    EXPECT_EQ(Names("*"), (std::vector<std::string>{"LANG.INI"}));
-    EXPECT_EQ(ReadFile(folder_ / "bin" / "LANG.INI"), "new");
-
+    Write("LANG.INI", "new");
+    EXPECT_EQ(Names(), Strings{"LANG.INI"});
+    EXPECT_EQ(ReadFile(bin_ / "LANG.INI"), "new");
     Spelling("bin/Lang.ini");
     Kill(folder_, "bin/lang.ini");
-    EXPECT_EQ(Names("*"), std::vector<std::string>());
-
+    EXPECT_EQ(Names(), Strings());
     fs::create_directory(folder_ / "BIN");
-    Spelling("BIN/x.ini");
-    EXPECT_EQ(FindFile(folder_, "bin/x.ini"), folder_ / "BIN" / "x.ini");
+    const fs::path other = Spelling("BIN/x.ini");
+    EXPECT_EQ(FindFile(folder_, "bin/x.ini"), other);
 }
 
 TEST_F(Files, CopyReplacesOrLeavesEverythingAsItWas) {
-    Write("bin/LangSE.ini", std::string("sv\0\r\n", 5));
-    Write("bin/lang.ini", "a longer old content");
-    FileCopy(folder_ / "bin" / "langse.ini", folder_ / "bin" / "lang.ini");
-    EXPECT_EQ(ReadFile(folder_ / "bin" / "lang.ini"), std::string("sv\0\r\n", 5));
+    const auto bytes = "sv\0\r\n"s;
+    const fs::path lang = bin_ / "lang.ini";
+    Write("LangSE.ini", bytes);
+    Write("lang.ini", "a longer old content");
+    FileCopy(bin_ / "langse.ini", lang);
+    EXPECT_EQ(ReadFile(lang), bytes);
 
-    EXPECT_EQ(NumberOf([&] { FileCopy(folder_ / "none", folder_ / "bin" / "lang.ini"); }),
-              errors::FileNotFound);
-    EXPECT_EQ(NumberOf([&] { FileCopy(folder_ / "bin", folder_ / "x"); }), errors::PathFileAccess);
-    EXPECT_EQ(NumberOf([&] { FileCopy(folder_ / "bin" / "lang.ini", folder_ / "bin"); }),
-              errors::PathFileAccess);
-    EXPECT_EQ(NumberOf([&] { FileCopy(folder_ / "bin" / "lang.ini", folder_ / "none" / "x"); }),
-              errors::PathFileAccess);
-    EXPECT_EQ(ReadFile(folder_ / "bin" / "lang.ini"), std::string("sv\0\r\n", 5));
-    EXPECT_EQ(Names("*"), (std::vector<std::string>{"LangSE.ini", "lang.ini"}));
+    EXPECT_EQ(ErrorOf([&] { FileCopy(folder_ / "none", lang); }), errors::FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { FileCopy(bin_, folder_ / "x"); }), errors::PathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { FileCopy(lang, bin_); }), errors::PathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { FileCopy(lang, folder_ / "none" / "x"); }), errors::PathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { ReadFile(folder_ / "none"); }), errors::FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { ReadFile(folder_); }), errors::PathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { Kill(folder_, "none/lang.ini"); }), errors::FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { Kill(folder_, "bin"); }), errors::FileNotFound);
+#ifndef _WIN32
+    {
+        const test::FullDisk full;
+        EXPECT_EQ(ErrorOf([&] { Write("lang.ini", "new"); }), errors::DiskNotReady);
+    }
+    fs::permissions(bin_, fs::perms::owner_write, fs::perm_options::remove);
+    if (ErrorOf([&] { Write("probe"); }) != 0) {  // the system's administrator may do anything
+        EXPECT_EQ(ErrorOf([&] { Kill(folder_, "bin/lang.ini"); }), errors::PermissionDenied);
+        EXPECT_EQ(ErrorOf([&] { Write("lang.ini"); }), errors::PermissionDenied);
+    }
+    fs::permissions(bin_, fs::perms::owner_write, fs::perm_options::add);
+    fs::remove(bin_ / "probe");
+#endif
+    EXPECT_EQ(ReadFile(lang), bytes);
+    EXPECT_EQ(Names(), (Strings{"LangSE.ini", "lang.ini"}));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 1);
 }
 
-TEST_F(Files, WhatIsNotThereCannotBeReadOrDeleted) {
-    EXPECT_EQ(NumberOf([&] { ReadFile(folder_ / "none"); }), errors::FileNotFound);
-    EXPECT_EQ(NumberOf([&] { ReadFile(folder_); }), errors::PathFileAccess);
-    EXPECT_EQ(NumberOf([&] { Kill(folder_, "none/lang.ini"); }), errors::FileNotFound);
-    EXPECT_EQ(NumberOf([&] { Kill(folder_, "bin"); }), errors::FileNotFound);
+TEST(Ini, FindsTheKeyInWhateverShape) {
+    const std::string text =
+        "a=no section\n[System\na=unclosed\n[Other]\na=no\n [ SYSTEM ] \n;a=comment\n  ; a=comment\na\n=a\n"
+        "aa=no\rb=\r\n\t C \t=\t first \t\nc=second\nd=a;b=c\ne=[Other]\nf=\" a \"\ng=\"'a'\"\nh=\"a'\n"
+        "i=\"a\" b\nj=\"\nk=a\0b\n\xC5\xC4=V\xE4lj \x96 \x80\n[Third]\na=no\n[System]\na=second section\n"
+        "z=z"s;
+    for (const std::string_view rule : {"a|", "b|", "C|first", "d|a;b=c", "E|[Other]", "f| a ", "g|'a'",
+                                        "h|\"a'", "i|\"a\" b", "j|\"", "k|a", "åä|Välj – €", "z|", "|"}) {
+        const auto bar = rule.find('|');
+        EXPECT_EQ(ValueOfKey(text, "System", rule.substr(0, bar)), rule.substr(bar + 1)) << rule;
+    }
+    EXPECT_EQ(ValueOfKey("\xEF\xBB\xBF[Öppna]\nlang=å\xFF", "öPPNA", "lang"), "å\uFFFD");
+    EXPECT_EQ(ValueOfKey("\xFF\xFE[\0S\0]\0\r\0\n\0k\0=\0\x3D\xD8\x00\xDE\xE5\0\n"s, "S", "k"), "😀å");
 }
 
-TEST_F(Files, WhatIsNotPermittedIsError70) {
-    Write("bin/lang.ini");
-    fs::permissions(folder_ / "bin", fs::perms::owner_write, fs::perm_options::remove);
-    const bool restricted = NumberOf([&] { Write("bin/probe"); }) != 0;
-    if (restricted) {  // the system's administrator may do anything
-        EXPECT_EQ(NumberOf([&] { Kill(folder_, "bin/lang.ini"); }), errors::PermissionDenied);
-        EXPECT_EQ(NumberOf([&] { Write("bin/lang.ini"); }), errors::PermissionDenied);
+TEST(Ini, TheBufferCutsAndEveryCallReadsTheFile) {
+    const test::TestFolder folder;
+    const auto file = folder.Path() / "lang.ini";
+    EXPECT_EQ(ReadKey("System", "lang", 100, file), "");
+    EXPECT_EQ(ReadKey("System", "lang", 100, folder.Path()), "");
+    WriteFile(file, "[System]\nlang=Svenska");
+    EXPECT_EQ(ReadKey("System", "lang", 100, file), "Svenska");
+    WriteFile(file, "[System]\nlang=\xC5\xC4\xD6\nquoted=\"  a  \"\nblank=\"   \"");
+    EXPECT_EQ(GetPrivateProfileString("System", "lang", 6, file), "ÅÄÖ\0  "s);
+    EXPECT_EQ(GetPrivateProfileString("System", "lang", 3, file), "ÅÄ\0"s);
+    EXPECT_EQ(GetPrivateProfileString("System", "none", 3, file), "\0  "s);
+    for (const auto& [size, value] : {std::pair(4, "ÅÄÖ"), {3, "ÅÄ"}, {1, ""}, {0, ""}}) {
+        EXPECT_EQ(ReadKey("System", "lang", static_cast<std::size_t>(size), file), value);
     }
-    fs::permissions(folder_ / "bin", fs::perms::owner_write, fs::perm_options::add);
+    EXPECT_EQ(ReadKey("System", "quoted", 255, file), "a  ");  // the NUL shields the blanks before it
+    EXPECT_EQ(ReadKey("System", "blank", 255, file), "");
 }
 
 }  // namespace

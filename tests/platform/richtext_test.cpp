@@ -8,18 +8,10 @@
 
 #include <string>
 
+#include "support/shown.h"
+
 namespace platform {
 namespace {
-
-// A rich text on one line: "H_{2}O", "Fe^{3+}".
-std::string Show(const RichText& text) {
-    std::string shown;
-    for (const Run& run : text) {
-        shown += run.Position == Run::Normal ? run.Text
-                                             : (run.Position == Run::Sub ? "_{" : "^{") + run.Text + "}";
-    }
-    return shown;
-}
 
 TEST(RichText, ReadsTheRtfOfFormulas) {
     const struct {
@@ -52,11 +44,11 @@ TEST(RichText, ReadsTheRtfOfFormulas) {
         {"{\\rtf1 \xC3\xFF\x01}", "\xEF\xBF\xBD\xEF\xBF\xBD"},
         {"H2SO4 {\\sub}", "H2SO4 {\\sub}"},
         {" {\\rtf1 a}", " {\\rtf1 a}"},
-        {"a\r\nb\rc\nd\x01\t", "a\nb\nc\nd\t"},
+        {"a\r\nb\rc\nd\x01\t\xE2\x80\xA9\xEF\xB7\x90", "a\nb\nc\nd\t\n\xEF\xBF\xBD"},
         {"", ""},
     };
     for (const auto& [rtf, shown] : cases) {
-        EXPECT_EQ(Show(ParseRtf(rtf)), shown) << rtf;
+        EXPECT_EQ(test::Shown(ParseRtf(rtf)), shown) << rtf;
     }
 }
 
@@ -66,7 +58,7 @@ TEST(RichText, BearsAnyNesting) {
         deep += "{\\sub{";
     }
     deep += "2" + std::string(200'000, '}') + "O}";
-    EXPECT_EQ(Show(ParseRtf(deep)), "_{2}O");
+    EXPECT_EQ(test::Shown(ParseRtf(deep)), "_{2}O");
 }
 
 TEST(RichText, WritesWhatItReadsBack) {
@@ -83,9 +75,9 @@ TEST(RichText, WritesWhatItReadsBack) {
         {{"a"}, {""}, {"b"}, {"", Run::Sub}, {"c\r\nd\x02"}, {"e\xFF", Run::Sub}},
     };
     for (const RichText& text : texts) {
-        EXPECT_EQ(ParseRtf(WriteRtf(text, "Arial", 10)), Normalised(text)) << Show(text);
+        EXPECT_EQ(ParseRtf(WriteRtf(text, "Arial", 10)), Normalised(text)) << test::Shown(text);
     }
-    EXPECT_EQ(Show(Normalised(texts[4])), "abc\nd_{e\xEF\xBF\xBD}");
+    EXPECT_EQ(test::Shown(Normalised(texts[4])), "abc\nd_{e\xEF\xBF\xBD}");
     EXPECT_EQ(PlainText(texts[3]), "{\\rtf1 a} 2 \t😀\xC2\x81?");
 }
 
@@ -100,6 +92,7 @@ TEST(RichText, SetsFormulas) {
         {"CuSO4·5H2O", "CuSO_{4}·5H_{2}O"},
         {"CuSO4*5H2O", "CuSO_{4}*5H_{2}O"},
         {"CuSO4.5H2O", "CuSO_{4}.5H_{2}O"},
+        {"CuSO4.5", "CuSO_{4.5}"},
         {"Na2CO3-10H2O", "Na_{2}CO_{3}-10H_{2}O"},
         {"2HCl 37%", "2HCl 37%"},
         {"Fe0.95O", "Fe_{0.95}O"},
@@ -116,7 +109,7 @@ TEST(RichText, SetsFormulas) {
         {"", ""},
     };
     for (const auto& [formula, shown] : cases) {
-        EXPECT_EQ(Show(FormulaRichText(formula)), shown);
+        EXPECT_EQ(test::Shown(FormulaRichText(formula)), shown);
     }
 }
 

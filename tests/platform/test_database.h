@@ -3,6 +3,12 @@
 
 #pragma once
 
+#ifndef _WIN32
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -80,6 +86,45 @@ class TestDatabase {
   private:
     TestFolder folder_;
 };
+
+/// The rows that are left of a record set, fields joined by "|", rows by "/", Null as "~".
+inline std::string Rest(platform::adodb::Recordset& rs) {
+    std::string all;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        std::string row;
+        for (const auto& name : rs.FieldNames()) {
+            row += (row.empty() ? "" : "|") + (rs[name].IsNull() ? "~" : rs[name].Text());
+        }
+        all += (all.empty() ? "" : "/") + row;
+    }
+    return all;
+}
+
+/// The rows of a statement.
+inline std::string Ask(platform::adodb::Connection& connection, const std::string& statement) {
+    platform::adodb::Recordset rs;
+    rs.Open(statement, connection);
+    return Rest(rs);
+}
+
+#ifndef _WIN32
+/// While it lives no file can be written to, as on a full disk.
+class FullDisk {
+  public:
+    FullDisk() {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit none{0, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+  private:
+    rlimit before_{};
+};
+#endif
 
 /// The number of the Error that an action throws; 0 when it throws none.
 template <class Action>

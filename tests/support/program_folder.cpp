@@ -20,66 +20,45 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The chemical 1 has verdicts of every value in every class, some of them at rows left out (Med 0) or of the
-// user's own (Egen -1), one at no particular concentration (-1) and one of a material that is gone. The
-// chemical 2 has metals only, at left out concentrations; 3 to 5 have none.
+// The chemical 1 has verdicts of every value in every class, some of them at rows left out (Med 0, the last
+// number of a reference row) or of the user's own (Egen -1), one at no particular concentration (-1) and one
+// of a material that is gone. The chemical 2 has metals only, at left out concentrations; 3 to 5 have none.
 constexpr std::string_view kSampleRows = R"sql(
-INSERT INTO Chemical(ID, Formula, FormulaRTF, NameSE, NameEN, NameGE, NickNameSE, NickNameEN, NickNameGE,
-                     NoteSE, NoteEN, NoteGE, Egen) VALUES
-  (1, 'HCl', NULL, 'Saltsyra', 'Hydrochloric acid', 'Salzsäure',
-   'Klorväte', 'Muriatic acid', 'Chlorwasserstoff', 'Ryker i luft', 'Fumes in air', 'Raucht', 0),
+INSERT INTO Chemical VALUES
+  (1, 'HCl', NULL, 'Saltsyra', 'Hydrochloric acid', 'Salzsäure', 'Klorväte', 'Muriatic acid',
+   'Chlorwasserstoff', 'Ryker i luft', 'Fumes in air', 'Raucht', 0, -1),
   (2, 'H2SO4', '{\rtf1\ansi H\sub 2\nosupersub SO\sub 4\nosupersub}', 'Svavelsyra', 'Sulphuric acid',
-   'Schwefelsäure', 'Batterisyra', 'Battery acid', 'Batteriesäure', 'Tar vatten', 'Takes water', 'Ölig', 0),
-  (3, 'C10–C13', NULL, 'ångolja', 'Steam oil', NULL, NULL, NULL, NULL, 'Över 50_% [fast] *', NULL, NULL, -1),
-  (4, NULL, '{\rtf1 \sub', 'Bensin', '', 'Benzin', 'Soppa', NULL, NULL, 'åÅ', NULL, 'Straße', 0),
-  (5, 'Na2CO3', NULL, 'Äkta soda', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, -1);
-INSERT INTO Conc(ID, ConcentrationSE, ConcentrationEN, ConcentrationDE, Egen, Med) VALUES
-  (1, '10 %', '10 %', '10 %', 0, -1), (2, '2 %', '2 %', '2 %', 0, 0),
-  (3, 'koncentrerad', 'concentrated', 'konzentriert', 0, -1), (4, '50 %', '50 %', '50 %', -1, 0);
-INSERT INTO [Temp](ID, [Temp], Egen, Med) VALUES
-  (1, '20ºC', 0, -1), (2, '60ºC', 0, 0), (3, '5º', -1, -1), (4, '100ºC', 0, -1);
-INSERT INTO Metal(ID, Name, Description, NameEN, DescriptionEN, Egen, Med) VALUES
-  (1, 'Stål', 'Kolstål', 'Steel', 'Carbon steel', 0, -1), (2, 'Zink', 'Zn', 'Zinc', 'Zn', 0, 0),
-  (3, 'Guld', NULL, 'Gold', NULL, -1, -1);
-INSERT INTO Plast(ID, Name, Description, NameEN, DescriptionEN, Egen, Med) VALUES
-  (1, 'PVC', 'Hård', 'PVC', 'Rigid', 0, -1), (2, 'PE', 'Eten', 'PE', 'Ethene', 0, -1);
-INSERT INTO Tight(ID, Name, Description, NameEN, DescriptionEN, Egen, Med, NameDE, DescriptionDE) VALUES
-  (1, 'EPDM', 'Gummi', 'EPDM rubber', 'Rubber', 0, -1, 'EPDM', 'Kautschuk'),
+   'Schwefelsäure', 'Batterisyra', 'Battery acid', 'Batteriesäure', 'Tar vatten', 'Takes water', 'Ölig', 0, -1),
+  (3, 'C10–C13', NULL, 'ångolja', 'Steam oil', NULL, NULL, NULL, NULL, 'Över 50_% [fast] *', NULL, NULL, -1, -1),
+  (4, NULL, '{\rtf1 \sub', 'Bensin', '', 'Benzin', 'Soppa', NULL, NULL, 'åÅ', NULL, 'Straße', 0, -1),
+  (5, 'Na2CO3', NULL, 'Äkta soda', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, -1, -1);
+INSERT INTO Conc VALUES (1, '10 %', '10 %', '10 %', 0, -1), (2, '2 %', '2 %', '2 %', 0, 0),
+  (3, 'koncentrerad', 'concentrated', 'konzentriert', 0, -1), (4, '50 %', 'half', '50 %', -1, 0);
+INSERT INTO [Temp] VALUES (1, '20ºC', 0, -1), (2, '60ºC', 0, 0), (3, '5º', -1, -1), (4, '100ºC', 0, -1);
+INSERT INTO Metal VALUES (1, 'Stål', 'Kolstål', 'Steel', 'Carbon steel', 0, -1),
+  (2, 'Zink', 'Zn', 'Zinc', 'Zn', 0, 0), (3, 'Guld', NULL, 'Gold', NULL, -1, -1);
+INSERT INTO Plast VALUES (1, 'PVC', 'Hård', 'PVC', 'Rigid', 0, -1), (2, 'PE', 'Eten', 'PE', 'Ethene', 0, -1);
+INSERT INTO Tight VALUES (1, 'EPDM', 'Gummi', 'EPDM rubber', 'Rubber', 0, -1, 'EPDM', 'Kautschuk'),
   (2, ' NBR ', 'Nitril', 'NBR', 'Nitrile', 0, -1, NULL, NULL);
-INSERT INTO Misc(ID, Name, Description, NameEN, DescriptionEN, Egen, Med) VALUES
-  (1, 'Glas', 'Silikat', 'Glass', 'Silicate', 0, -1), (2, 'Trä', 'Furu', 'Wood', 'Pine', 0, 0);
-INSERT INTO relMetal(ChemID, ConcID, TempID, MetalID, TheValue, Egen) VALUES
-  (1, 1, 1, 1, '-', 0), (1, 1, 4, 1, '0', 0), (1, 3, 1, 1, ' ', 0), (1, 2, 1, 1, '+', 0),
-  (1, 1, 2, 1, '+', 0), (1, 1, 1, 2, '+', 0), (1, 1, 1, 3, '+', 0), (1, 1, 1, 99, '+', 0),
-  (2, 2, 1, 1, '+', 0);
-INSERT INTO relPlast(ChemID, ConcID, TempID, PlastID, TheValue, Egen) VALUES
-  (1, -1, 1, 1, '+', 0), (1, 4, 1, 1, '-', 0), (1, 1, 3, 2, '0', -1), (1, 1, 1, 1, ' ', 0),
-  (1, 1, 1, 2, ' ', 0);
-INSERT INTO relTight(ChemID, ConcID, TempID, TightID, TheValue, Egen) VALUES
-  (1, 1, 1, 1, '+', 0), (1, 3, 1, 2, '-', 0), (1, 1, 2, 1, '0', 0), (1, 1, 4, 2, ' ', 0);
-INSERT INTO relMisc(ChemID, ConcID, TempID, MiscID, TheValue, Egen) VALUES
-  (1, 1, 1, 1, '+', 0), (1, 3, 4, 1, '-', 0), (1, 1, 4, 1, '0', 0), (1, 3, 1, 1, ' ', 0),
-  (1, 1, 1, 2, '+', 0), (1, 1, 3, 1, 'X', 0);
+INSERT INTO Misc VALUES (1, 'Glas', 'Silikat', 'Glass', 'Silicate', 0, -1),
+  (2, 'Trä', 'Furu', 'Wood', 'Pine', 0, 0);
+INSERT INTO relMetal VALUES (1,1,1,1,'-',0), (1,1,4,1,'0',0), (1,3,1,1,' ',0), (1,2,1,1,'+',0),
+  (1,1,2,1,'+',0), (1,1,1,2,'+',0), (1,1,1,3,'+',0), (1,1,1,99,'+',0), (2,2,1,1,'+',0);
+INSERT INTO relPlast VALUES (1,-1,1,1,'+',0), (1,4,1,1,'-',0), (1,1,3,2,'0',-1), (1,1,1,1,' ',0),
+  (1,1,1,2,' ',0);
+INSERT INTO relTight VALUES (1,1,1,1,'+',0), (1,3,1,2,'-',0), (1,1,2,1,'0',0), (1,1,4,2,' ',0);
+INSERT INTO relMisc VALUES (1,1,1,1,'+',0), (1,3,4,1,'-',0), (1,1,4,1,'0',0), (1,3,1,1,' ',0),
+  (1,1,1,2,'+',0), (1,1,3,1,'X',0);
 )sql";
 
 // Making a key is slow by design: all tests of a process begin with a copy of one file.
 const std::string& SampleDatabase() {
     static const std::string bytes = [] {
-        const TestFolder folder;
-        const fs::path file = folder.Path() / "sample.mdb";
-        platform::Store store(file, kPassword, platform::Store::Access::Create);
-        platform::CreateSchema(store);
-        store.Execute(kSampleRows);
-        store.Close();
-        return ReadAll(file);
+        const TestDatabase database;
+        database.Fill(kSampleRows);
+        return ReadAll(database.File());
     }();
     return bytes;
-}
-
-std::vector<std::string> NamesIn(const fs::path& folder) {
-    std::vector<std::string> names = platform::Dir(folder, "*");
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 }  // namespace
@@ -101,12 +80,10 @@ fs::path ProgramFolder::Bin(std::string_view name) const {
     return Path() / "bin" / platform::PathFromUtf8(name);
 }
 
-std::vector<std::string> ProgramFolder::Files() const {
-    return NamesIn(Path());
-}
-
-std::vector<std::string> ProgramFolder::BinFiles() const {
-    return NamesIn(Path() / "bin");
+std::vector<std::string> ProgramFolder::Files(const char* under) const {
+    std::vector<std::string> names = platform::Dir(Path() / under, "*");
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 void ProgramFolder::WriteLanguage(std::string_view name, std::string_view text) const {
@@ -119,19 +96,17 @@ void ProgramFolder::Change(std::string_view sql) const {
     store.Close();
 }
 
-#ifdef _WIN32
-WithoutPrivileges::WithoutPrivileges() = default;
-WithoutPrivileges::~WithoutPrivileges() = default;
-#else
-WithoutPrivileges::WithoutPrivileges() {
+void WithoutPrivileges(const std::function<void()>& action) {
+#ifndef _WIN32
     constexpr uid_t nobody = 65534;
-    dropped_ = geteuid() == 0 && seteuid(nobody) == 0;
-}
-WithoutPrivileges::~WithoutPrivileges() {
-    if (dropped_ && seteuid(0) != 0) {
+    const bool dropped = geteuid() == 0 && seteuid(nobody) == 0;
+    action();
+    if (dropped && seteuid(0) != 0) {
         std::abort();
     }
-}
+#else
+    action();
 #endif
+}
 
 }  // namespace test

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,9 +23,8 @@ class ProgramFolder {
     const std::filesystem::path& Path() const { return folder_.Path(); }
     std::filesystem::path Database() const { return Path() / "Vemora.mdb"; }
     std::filesystem::path Bin(std::string_view name) const;
-    /// Names in the folder itself and those under "bin", sorted.
-    std::vector<std::string> Files() const;
-    std::vector<std::string> BinFiles() const;
+    /// Names of the files in the folder itself or in one under it, sorted.
+    std::vector<std::string> Files(const char* under = "") const;
 
     /// Lays out a language file from UTF-8 with LF: Windows-1252 with CR LF.
     void WriteLanguage(std::string_view name, std::string_view text) const;
@@ -35,16 +35,7 @@ class ProgramFolder {
     TestFolder folder_;
 };
 
-/// While it lives, the process may do no more than the rights of the files allow.
-class WithoutPrivileges {
-  public:
-    WithoutPrivileges();
-    WithoutPrivileges(const WithoutPrivileges&) = delete;
-    WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
-    ~WithoutPrivileges();
-
-  private:
-    bool dropped_ = false;
-};
+/// Runs something with no more power than the rights of the files allow.
+void WithoutPrivileges(const std::function<void()>& action);
 
 }  // namespace test

@@ -3,26 +3,11 @@
 
 #include "support/scripted_desktop.h"
 
-#include <algorithm>
-#include <iterator>
+#include <regex>
 
 #include "platform/text/text.h"
 
 namespace test {
-
-namespace {
-
-// How a description is worded is its writer's business, as long as it is a sentence.
-std::string WithoutDescription(std::string text) {
-    const auto begin = text.find(" (");
-    const auto end = text.rfind(".)");
-    if (begin != std::string::npos && end != std::string::npos && begin < end) {
-        text.replace(begin + 2, end - begin - 1, "…");
-    }
-    return text;
-}
-
-}  // namespace
 
 ScriptedDesktop::~ScriptedDesktop() {
     for (const std::string& box : boxes_) {
@@ -32,20 +17,17 @@ ScriptedDesktop::~ScriptedDesktop() {
     EXPECT_TRUE(Answers.empty() && Typed.empty()) << "A question that was expected was never asked.";
 }
 
-std::vector<std::string> ScriptedDesktop::TakeBoxes() {
-    return std::exchange(boxes_, {});
-}
-
 std::vector<std::string> ScriptedDesktop::Logged(std::string_view word) const {
-    std::vector<std::string> found;
-    std::copy_if(Log.begin(), Log.end(), std::back_inserter(found),
-                 [&](const std::string& entry) { return entry.starts_with(word); });
+    std::vector<std::string> found = Log;
+    std::erase_if(found, [&](const std::string& entry) { return !entry.starts_with(word); });
     return found;
 }
 
 int ScriptedDesktop::MsgBox(const std::string& text, int flags, const std::optional<std::string>& title) {
+    // How a description is worded is its writer's business, as long as it is a sentence.
+    static const std::regex description(R"( \([^]*\.\))");
     boxes_.push_back("[" + std::to_string(flags) + " " + title.value_or("-") + "] " +
-                     WithoutDescription(text));
+                     std::regex_replace(text, description, " (…)"));
     Log.push_back("box " + text);
     constexpr int buttons = 7;
     if ((flags & buttons) == 0) {
@@ -72,9 +54,6 @@ std::string ScriptedDesktop::InputBox(const std::string& prompt, const std::stri
 }
 
 void ScriptedDesktop::Show(platform::Form& form, bool modal, platform::Form* owner) {
-    if (Ended()) {
-        throw platform::ProgramEnded{};
-    }
     Log.push_back("show " + form.Name() + (modal ? " modal" : "") +
                   (owner != nullptr ? " over " + owner->Name() : ""));
     form.InputResize(form.Width(), form.Height());
@@ -99,16 +78,6 @@ void ScriptedDesktop::Show(platform::Form& form, bool modal, platform::Form* own
         ADD_FAILURE() << "The modal window is still up: " << form.Name();
         form.Unload();
     }
-}
-
-void ScriptedDesktop::ClipboardClear() {
-    Log.emplace_back("clipboard cleared");
-    Clipboard.clear();
-}
-
-void ScriptedDesktop::ClipboardSetText(const std::string& text) {
-    Log.emplace_back("clipboard set");
-    Clipboard = text;
 }
 
 bool ScriptedDesktop::OpenWebPage(const std::string& address) {

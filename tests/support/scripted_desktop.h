@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/forms/desktop.h"
@@ -43,11 +44,10 @@ class ScriptedDesktop final : public platform::Desktop {
 
     /// The boxes shown since the last call, each as "[flags title] text"; the title is "-" where none was
     /// given. The description in an error report, one sentence in parentheses, reads "(…)".
-    std::vector<std::string> TakeBoxes();
+    std::vector<std::string> TakeBoxes() { return std::exchange(boxes_, {}); }
     /// What happened, in order, and of it what begins with a word.
     std::vector<std::string> Log;
     std::vector<std::string> Logged(std::string_view word) const;
-    std::string Clipboard;
 
     int MsgBox(const std::string& text, int flags, const std::optional<std::string>& title) override;
     std::string InputBox(const std::string& prompt, const std::string& title) override;
@@ -56,8 +56,8 @@ class ScriptedDesktop final : public platform::Desktop {
     void Focus(platform::Control& control) override { Log.push_back("focus " + control.FullName()); }
     void Beep() override { Log.push_back("beep"); }
     void MousePointer(int shape) override { Log.push_back("pointer " + std::to_string(shape)); }
-    void ClipboardClear() override;
-    void ClipboardSetText(const std::string& text) override;
+    void ClipboardClear() override { Log.emplace_back("clipboard cleared"); }
+    void ClipboardSetText(const std::string& text) override { Log.push_back("clipboard " + text); }
     bool OpenWebPage(const std::string& address) override;
     int TextWidth(const platform::Font& font, const std::string& text) const override;
     void Repaint(platform::Form& form) override { Log.push_back("repaint " + form.Name()); }

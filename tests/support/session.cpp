@@ -17,9 +17,7 @@ void Session::OpenSheet(std::int32_t ID, const std::function<void(vemora::frmChe
     Sheet().Nyckel(ID);
     Desktop.WhileModal<vemora::frmChemical>([&](vemora::frmChemical& sheet) {
         piece(sheet);
-        if (sheet.IsLoaded() && !Desktop.Ended()) {
-            sheet.cmdStäng.InputClick();
-        }
+        sheet.cmdStäng.InputClick();
     });
     Desktop.Event([&] { Sheet().Show(platform::vbModal, &Main()); });
 }
@@ -33,40 +31,48 @@ Strings Session::Ask(const std::string& statement) {
     return values;
 }
 
+namespace {
+template <class Text>
+Strings Collect(int count, Text text) {
+    Strings all;
+    for (int i = 0; i < count; ++i) {
+        all.push_back(text(i));
+    }
+    return all;
+}
+}  // namespace
+
 Strings Rows(const platform::ListView& list) {
-    Strings rows;
-    for (int place = 0; place < list.ItemCount(); ++place) {
+    return Collect(list.ItemCount(), [&](int place) {
         std::string row = list.Item(place).Text;
         for (int column = 1; column < list.ColumnCount(); ++column) {
             row += "|" + list.Item(place).SubItems(static_cast<std::size_t>(column));
         }
-        rows.push_back(std::move(row));
-    }
-    return rows;
+        return row;
+    });
 }
 
 Strings Keys(const platform::ListView& list) {
-    Strings keys;
-    for (int place = 0; place < list.ItemCount(); ++place) {
-        keys.push_back(list.Item(place).Key());
-    }
-    return keys;
+    return Collect(list.ItemCount(), [&](int place) { return list.Item(place).Key(); });
 }
 
-Strings Headings(const platform::ListView& list) {
-    Strings headings;
-    for (int column = 0; column < list.ColumnCount(); ++column) {
-        headings.push_back(list.Column(column).Text);
-    }
-    return headings;
+Strings Columns(const platform::ListView& list) {
+    return Collect(list.ColumnCount(), [&](int i) {
+        const platform::ColumnHeader& column = list.Column(i);
+        std::string text = column.Text + " " + std::to_string(column.Width);
+        text += column.Alignment == platform::Align::Centre ? " centred" : "";
+        text += column.Icon.empty() ? "" : " " + column.Icon;
+        if (column.SortImage) {
+            const platform::ImageList* images = list.ColumnHeaderIcons();
+            text += " " + (images != nullptr ? images->PictureAt(*column.SortImage) : "?");
+        }
+        return text;
+    });
 }
 
 Strings Entries(const platform::ComboBox& list) {
-    Strings entries;
-    for (int i = 0; i < list.ListCount(); ++i) {
-        entries.push_back(list.List(i) + "=" + std::to_string(list.ItemData(i)));
-    }
-    return entries;
+    return Collect(list.ListCount(),
+                   [&](int i) { return list.List(i) + "=" + std::to_string(list.ItemData(i)); });
 }
 
 void Choose(platform::ComboBox& list, std::string_view beginning) {

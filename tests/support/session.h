@@ -28,9 +28,8 @@ class Session {
     vemora::Program Program{Desktop, Folder.Path()};
     vemora::mMain& Core = Program.Main;
 
-    Session& Start() {
+    void Start() {
         Desktop.Event([this] { Core.Main(); });
-        return *this;
     }
     vemora::frmMain& Main() { return dynamic_cast<vemora::frmMain&>(Core.Windows.Main()); }
     vemora::frmChemical& Sheet() { return Core.Windows.Chemical(); }
@@ -53,11 +52,20 @@ class Session {
     Strings Ask(const std::string& statement);
 };
 
+/// A run whose main window is up, over rows that statements of the store's own SQL have changed.
+struct Running : Session {
+    explicit Running(const std::string& language = "Svenska", std::string_view sql = {}) : Session(language) {
+        Folder.Change(sql);
+        Start();
+    }
+};
+
 /// The rows of a list as shown: the texts of its columns joined by "|".
 Strings Rows(const platform::ListView& list);
 /// The keys of its rows.
 Strings Keys(const platform::ListView& list);
-Strings Headings(const platform::ListView& list);
+/// Its columns, each with its width and what else is to be seen: "Namn 1200 centred chemical sort-ascending".
+Strings Columns(const platform::ListView& list);
 /// The entries of a drop-down list, each with its item data: "10 %=1".
 Strings Entries(const platform::ComboBox& list);
 /// The user chooses the entry that begins so.

@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/text/text.h"
-#include "search/search_statement.h"
+#include "platform/files/files.h"
 #include "support/session.h"
 
 namespace vemora {
@@ -12,67 +11,40 @@ namespace {
 
 using test::Keys;
 using test::Rows;
+using test::Running;
 using test::Session;
 using test::Strings;
 
-TEST(SearchStatement, IsAsTheOptionSays) {
-    const std::tuple<const char*, int, const char*> cases[] = {
-        {"x", 0,
-         "SELECT * FROM Chemical WHERE (Chemical.Formula LIKE '%x%' OR Chemical.NameSE LIKE '%x%' OR "
-         "Chemical.NameEN LIKE '%x%' OR Chemical.NameGE LIKE '%x%' OR Chemical.NickNameSE LIKE '%x%' OR "
-         "Chemical.NickNameEN LIKE '%x%' OR Chemical.NickNameGE LIKE '%x%' OR Chemical.NoteSE LIKE '%x%' OR "
-         "Chemical.NoteEN LIKE '%x%' OR Chemical.NoteGE LIKE '%x%') ORDER BY Chemical.NameSE"},
-        {" ", 1, "SELECT * FROM Chemical WHERE ( Chemical.Formula LIKE '% %') ORDER BY Chemical.NameSE"},
-        {"x", 2,
-         "SELECT * FROM Chemical WHERE ( Chemical.NameSE LIKE '%x%' OR Chemical.NameEN LIKE '%x%' OR "
-         "Chemical.NameGE LIKE '%x%') ORDER BY Chemical.NameSE"},
-        {"x", 3,
-         "SELECT * FROM Chemical WHERE ( Chemical.NickNameSE LIKE '%x%' OR Chemical.NickNameEN LIKE '%x%' OR "
-         "Chemical.NickNameGE LIKE '%x%') ORDER BY Chemical.NameSE"},
-        {"x'", 4,
-         "SELECT * FROM Chemical WHERE ( Chemical.NoteSE LIKE '%x'%' OR Chemical.NoteEN LIKE '%x'%' OR "
-         "Chemical.NoteGE LIKE '%x'%') ORDER BY Chemical.NameSE"},
-        {"x", -1, "SELECT * FROM Chemical ORDER BY Chemical.NameSE"},
-        {"", 2, "SELECT * FROM Chemical ORDER BY Chemical.NameSE"},
-    };
-    for (const auto& [text, option, statement] : cases) {
-        EXPECT_EQ(SearchStatement(text, option), statement);
+TEST(Search, LooksIntoTheColumnsOfItsOption) {
+    Running run;
+    const std::pair<std::string, const char*> cases[] = {
+        {"Formula", "01"},    {"NameSE", "02"},     {"NameEN", "02"},     {"NameGE", "02"},
+        {"NickNameSE", "03"}, {"NickNameEN", "03"}, {"NickNameGE", "03"}, {"NoteSE", "04"},
+        {"NoteEN", "04"},     {"NoteGE", "04"},     {"FormulaRTF", ""}};
+    for (const auto& [column, options] : cases) {
+        run.Change("UPDATE Chemical SET " + column + " = 'xyzzy' WHERE ID = 5");
+        std::string found;
+        for (int option = 0; option <= 4; ++option) {
+            run.Search("Yzz", option);
+            found += Keys(run.Main().lvwResultat) == Strings{"K5"} ? std::to_string(option) : "";
+        }
+        EXPECT_EQ(found, options) << column;
+        run.Change("UPDATE Chemical SET " + column + " = Null WHERE ID = 5");
     }
 }
 
-TEST(Search, FindsByTheColumnsOfItsOption) {
-    Session run;
-    run.Start();
-    const struct {
-        std::string Text;
-        int Option;
-        Strings Found;
-    } cases[] = {
-        {"hcl", 0, {"K1"}},
-        {"schwefel", 2, {"K2"}},
-        {"acid", 1, {}},
-        {"battery", 3, {"K2"}},
-        {"LUFT", 4, {"K1"}},
-        {"raucht", 3, {}},
-        // Case counts in no script, accents do; the wildcards act, and what else looks like one doesn't.
-        {"ÅNG", 0, {"K3"}},
-        {"ang", 0, {}},
-        {"straße", 4, {"K4"}},
-        {"strasse", 4, {}},
-        {"H_l", 1, {"K1"}},
-        {"s%syra", 2, {"K1", "K2"}},
-        {"[fast]", 4, {"K3"}},
-        {"*", 0, {"K3"}},
-        // Blanks count as they stand, and there is no limit.
-        {" ", 2, {"K1", "K2", "K3", "K5"}},
-        {"Salzsäure ", 0, {}},
-        {std::string(100000, 'x'), 0, {}},
-        {"", 0, {"K4", "K1", "K2", "K3", "K5"}},
-    };
+TEST(Search, TakesTheTextAsItStands) {
+    Running run;
+    const std::tuple<std::string, int, Strings> cases[] = {{"ÅNG", 0, {"K3"}},
+                                                           {"s%syra", 2, {"K1", "K2"}},
+                                                           {"[fast]", 4, {"K3"}},
+                                                           {" ", 2, {"K1", "K2", "K3", "K5"}},
+                                                           {"Salzsäure ", 0, {}},
+                                                           {std::string(100000, 'x'), 0, {}},
+                                                           {"", 2, {"K4", "K1", "K2", "K3", "K5"}}};
     for (const auto& [text, option, found] : cases) {
-        SCOPED_TRACE(platform::Left(text, 20) + " by " + std::to_string(option));
         run.Search(text, option);
-        EXPECT_EQ(Keys(run.Main().lvwResultat), found);
+        EXPECT_EQ(Keys(run.Main().lvwResultat), found) << text.substr(0, 20);
         EXPECT_EQ(run.Main().lblInfo.Caption,
                   found.empty() ? run.T("R0055") : run.T("R0054") + " " + std::to_string(found.size()));
         EXPECT_EQ(run.Main().ActiveControl()->Name(), found.empty() ? "txtChem" : "lvwResultat");
@@ -80,66 +52,47 @@ TEST(Search, FindsByTheColumnsOfItsOption) {
 }
 
 TEST(Search, ShowsNamesOfTheLanguageInTheOrderOfTheSwedishOnes) {
-    const struct {
-        const char* Language;
-        Strings Shown;
-    } cases[] = {
+    const std::pair<const char*, Strings> cases[] = {
         {"Svenska",
-         {"Bensin|", "Saltsyra|HCl", "Svavelsyra|H2SO4", "ångolja*   |C10-C13", "Äkta soda*   |Na2CO3"}},
+         {"Bensin|", "Saltsyra|HCl", "Svavelsyra|H2SO4", "ångolja* (egen)   |C10-C13",
+          "Äkta soda* (egen)   |Na2CO3"}},
         {"English",
-         {"|", "Hydrochloric acid|HCl", "Sulphuric acid|H2SO4", "Steam oil*   |C10-C13", "*   |Na2CO3"}},
-    };
+         {"|", "Hydrochloric acid|HCl", "Sulphuric acid|H2SO4", "Steam oil* (own)   |C10-C13",
+          "* (own)   |Na2CO3"}}};
     for (const auto& [language, shown] : cases) {
-        Session run(language);
-        run.Start();
+        Running run(language);
         run.Search("");
-        Strings rows;
-        for (const std::string& row : Rows(run.Main().lvwResultat)) {
-            rows.push_back(platform::Replace(row, run.T("R0057"), "*"));
-        }
-        EXPECT_EQ(rows, shown);
-        EXPECT_EQ(test::Headings(run.Main().lvwResultat), (Strings{run.T("R0034"), run.T("R0031")}));
+        EXPECT_EQ(Rows(run.Main().lvwResultat), shown);
         EXPECT_EQ(run.Ask("SELECT Formula FROM Chemical WHERE ID = 3"), Strings{"C10–C13"});
     }
 }
 
 TEST(Search, InGermanThereIsNoList) {
-    Session run("Deutsch");
-    run.Start();
+    Running run("Deutsch");
     run.Search("syra");
     EXPECT_EQ(run.Boxes(), Strings{run.Report(91, "AddToListView in Form frmSök")});
-    EXPECT_EQ(run.Main().lvwResultat.ItemCount(), 0);
     EXPECT_EQ(run.Main().lvwResultat.ColumnCount(), 2);
     EXPECT_EQ(run.Main().lblInfo.Caption, run.T("R0054") + " 0");
-    EXPECT_EQ(run.Main().ActiveControl(), &run.Main().txtChem);
     // A search without a hit comes to no row, and so to no report.
     run.Search("nothing like it");
     EXPECT_EQ(run.Main().lblInfo.Caption, run.T("R0055"));
 }
 
 TEST(Search, AStatementThatAQuoteBreaksEndsTheProgramInOrder) {
-    for (const std::string text :
-         {"O'Neil", "'); DELETE FROM Chemical; --", "%' UNION SELECT * FROM Temp --"}) {
-        SCOPED_TRACE(text);
-        Session run;
-        run.Start();
-        run.Search(text);
-        EXPECT_EQ(run.Boxes(), Strings{"[16 -] -2147217900 (…)"});
-        EXPECT_TRUE(run.Desktop.Ended());
-        EXPECT_EQ(run.Desktop.Log.back(), "quit");
-        EXPECT_EQ(run.Folder.Files(), Strings{"Vemora.mdb"});
-        // Nothing runs any more, and the rows are all there.
-        run.Main().cmdSök.InputClick();
-        platform::Store store(run.Folder.Database(), test::kPassword, platform::Store::Access::ReadOnly);
-        auto count = store.Prepare("SELECT count(*) FROM Chemical");
-        EXPECT_TRUE(count.Step());
-        EXPECT_EQ(count.Integer(0), 5);
-    }
+    Running run;
+    run.Search("'); DELETE FROM Chemical; --");
+    EXPECT_EQ(run.Boxes(), Strings{"[16 -] -2147217900 (…)"});
+    EXPECT_TRUE(run.Desktop.Ended());
+    EXPECT_EQ(run.Desktop.Log.back(), "quit");
+    EXPECT_EQ(run.Folder.Files(), Strings{"Vemora.mdb"});
+    run.Main().cmdSök.InputClick();  // nothing runs any more
+    // The rows are all there.
+    run.Core.ÖppnaDB();
+    EXPECT_EQ(run.Ask("SELECT ID FROM Chemical").size(), 5U);
 }
 
 TEST(Search, SelectsTheFirstHitAndMovesFocusAndDefaultButton) {
-    Session run;
-    run.Start();
+    Running run;
     frmMain& window = run.Main();
     EXPECT_EQ(window.ActiveControl(), &window.txtChem);
     EXPECT_TRUE(window.cmdSök.Default);
@@ -153,6 +106,7 @@ TEST(Search, SelectsTheFirstHitAndMovesFocusAndDefaultButton) {
     // No hit: the old headings stay, and the text is ready to be typed over.
     window.txtChem.InputFocus();
     EXPECT_TRUE(window.cmdSök.Default);
+    window.txtChem.SelStart = 3;
     window.txtChem.SelLength = 0;
     window.txtChem.InputText("no such chemical");
     window.cmdSök.InputFocus();
@@ -163,9 +117,35 @@ TEST(Search, SelectsTheFirstHitAndMovesFocusAndDefaultButton) {
     EXPECT_EQ(window.txtChem.SelLength, 999);
 }
 
+struct Watcher final : platform::View {
+    void ControlChanged() override { Changed(); }
+    std::function<void()> Changed;
+};
+
+TEST(Search, GoesOnWhenItsColumnsFail) {
+    Running run;
+    run.Main().InputResize(4200, 7245);  // so narrow that a column has to be widened
+    platform::ListView& list = run.Main().lvwResultat;
+    const std::tuple<int, int, const char*> cases[] = {{1, 700, "SetColumns in Form frmSök"},
+                                                       {2, 1510, "SetColWidth in Module mMain"}};
+    for (const auto& [columns, width, where] : cases) {
+        Watcher view;
+        view.Changed = [&, count = columns, widened = width] {
+            if (list.ColumnCount() == count && list.Column(0).Width == widened) {
+                list.Attach(nullptr);
+                throw platform::Error(platform::errors::OutOfMemory, "The list can't be drawn.");
+            }
+        };
+        list.Attach(&view);
+        run.Search("syra");
+        EXPECT_EQ(run.Boxes(), Strings{run.Report(platform::errors::OutOfMemory, where)});
+        EXPECT_EQ(Keys(list), (Strings{"K1", "K2"}));
+        EXPECT_EQ(run.Main().lblInfo.Caption, run.T("R0054") + " 2");
+    }
+}
+
 TEST(Search, AClickOnAHeadingTurnsTheOrderWhicheverItIs) {
-    Session run;
-    run.Start();
+    Running run;
     run.Search("");
     platform::ListView& list = run.Main().lvwResultat;
     list.InputColumnClick(0);
@@ -177,14 +157,11 @@ TEST(Search, AClickOnAHeadingTurnsTheOrderWhicheverItIs) {
     run.Search("syra", 2);
     EXPECT_EQ(Keys(list), (Strings{"K2", "K1"}));
     EXPECT_EQ(list.SelectedIndex(), 0);
-    for (int column = 0; column < 2; ++column) {
-        EXPECT_EQ(list.Column(column).SortImage, std::nullopt);
-    }
+    EXPECT_EQ(test::Columns(list), (Strings{"Kemikalie 3190 chemical", "Formel 1750 formula"}));  // no arrow
 }
 
 TEST(Search, OpensTheSheetOfTheRowClickedLast) {
-    Session run;
-    run.Start();
+    Running run;
     frmMain& window = run.Main();
     window.lvwResultat.InputFocus();
     test::Press(window, platform::key::Return);  // no row yet: nothing
@@ -211,7 +188,110 @@ TEST(Search, OpensTheSheetOfTheRowClickedLast) {
     window.lvwResultat.InputDoubleClick();
     EXPECT_EQ(opened, (Strings{"Saltsyra", "Svavelsyra", "Svavelsyra"}));
     EXPECT_EQ(run.Desktop.Logged("show frmChemical"), Strings(3, "show frmChemical modal over frmMain"));
-    EXPECT_EQ(run.Sheet().Nyckel(), -1);
+}
+
+TEST(MainWindow, ClosingItByWhateverWayEndsTheProgram) {
+    void (*const ways[])(Session&) = {[](Session& run) { run.Main().cmdStäng.InputClick(); },
+                                      [](Session& run) { run.Main().mnuExit.InputClick(); },
+                                      [](Session& run) { run.Main().InputClose(); },
+                                      [](Session& run) {
+                                          run.Core.gRedigeraAllt = true;
+                                          test::Press(run.Main(), platform::key::Escape);
+                                      }};
+    for (const auto close : ways) {
+        Running run;
+        run.Search("syra");
+        run.Sheet().Load();
+        test::Press(run.Main(), platform::key::Escape);  // does nothing in normal use
+        EXPECT_TRUE(run.Main().IsLoaded());
+        close(run);
+        EXPECT_EQ(run.Core.gCn, nullptr);
+        for (const platform::Form* form : run.Core.Forms) {
+            EXPECT_FALSE(form->IsLoaded()) << form->Name();
+        }
+        EXPECT_EQ(run.Desktop.Logged("closed frmMain").size(), 1U);
+        EXPECT_EQ(run.Folder.Files(), Strings{"Vemora.mdb"});
+    }
+}
+
+TEST(MainWindow, ItsListFollowsItsSizeAndItsColumnsTheNextSearch) {
+    Running run;
+    EXPECT_TRUE(run.Main().DesignState().Sizable);
+    platform::ListView& list = run.Main().lvwResultat;
+    run.Search("");
+    const Strings opened = {"Kemikalie 3190 chemical", "Formel 1750 formula"};
+    const struct {
+        int Width, Height, State, ListWidth, ListHeight;
+    } cases[] = {
+        {8000, 9000, platform::vbNormal, 6600, 7290},  {12000, 10000, platform::vbMaximized, 10600, 8290},
+        {160, 28, platform::vbMinimized, 10600, 8290}, {1401, 1711, platform::vbNormal, 1, 1},
+        {1400, 1590, platform::vbNormal, 1, 1},  // too small for a list
+        {4200, 7245, platform::vbNormal, 2800, 5535},
+    };
+    for (const auto& size : cases) {
+        run.Main().InputResize(size.Width, size.Height, size.State);
+        EXPECT_EQ(list.Width, size.ListWidth);
+        EXPECT_EQ(list.Height, size.ListHeight);
+        EXPECT_EQ(test::Columns(list), opened);
+    }
+    run.Search("");  // too narrow for the heading, which has 9 characters of 90 twips
+    EXPECT_EQ(test::Columns(list), (Strings{"Kemikalie 1510 chemical", "Formel 1750 formula"}));
+}
+
+TEST(MainWindow, EachEntryOfItsMenuOpensItsWindowWhenTheProgramHasIt) {
+    constexpr int count = 11;
+    for (int own = 0; own < count; ++own) {
+        SCOPED_TRACE(own);
+        Session run;
+        frmMain& main = run.Main();
+        Windows& all = run.Core.Windows;
+        platform::Menu* const entries[count] = {
+            &main.mnuInställningar, &main.mnuChemicals, &main.mnuUConcentration,
+            &main.mnuUTemperature,  &main.mnuUMetal,    &main.mnuUPlast,
+            &main.mnuUTight,        &main.mnuUMisc,     &main.mnuURelations,
+            &main.mnuUpd,           &main.mnuInfo};
+        Windows::Any* const windows[count] = {&all.Inställningar, &all.UChemicals, &all.UConcentration,
+                                              &all.UTemperature,  &all.UMetal,     &all.UPlast,
+                                              &all.UTight,        &all.UMisc,      &all.URelations,
+                                              &all.UPD,           &all.About};
+        platform::Form shown(run.Desktop, "frmOwn", {});
+        for (Windows::Any* window : windows) {
+            *window = nullptr;
+        }
+        *windows[own] = [&]() -> platform::Form& { return shown; };
+        run.Start();
+        run.Desktop.WhileModal<platform::Form>([](platform::Form& form) { form.Unload(); });
+        for (int i = 0; i < count; ++i) {
+            EXPECT_EQ(entries[i]->Enabled, i == own) << i;
+            entries[i]->InputClick();
+        }
+        EXPECT_EQ(run.Desktop.Logged("show").back(),
+                  own == 0 ? "show frmOwn modal over frmMain" : "show frmOwn modal");
+    }
+}
+
+TEST(MainWindow, FollowsTheLanguageThatTheSettingsHaveChanged) {
+    Session run;
+    platform::Form settings(run.Desktop, "frmInställningar", {});
+    run.Core.Windows.Inställningar = [&]() -> platform::Form& { return settings; };
+    run.Start();
+    frmMain& window = run.Main();
+    run.Search("syra");
+    const Strings found = Rows(window.lvwResultat);
+    run.Desktop.WhileModal<platform::Form>([&](platform::Form& shown) {
+        platform::FileCopy(run.Folder.Bin("LangEnglish.ini"), run.Folder.Bin("lang.ini"));
+        run.Core.gSpråk = run.T("lang");
+        shown.Unload();
+    });
+    window.mnuInställningar.InputClick();
+    // Texts and picture follow, the result stays.
+    EXPECT_EQ(window.Caption, run.T("R0001"));
+    EXPECT_EQ(window.mnuFile.Caption, "&File");
+    EXPECT_FALSE(window.imgBild(0).Visible);
+    EXPECT_TRUE(window.imgBild(1).Visible);
+    EXPECT_EQ(window.imgBild(1).Top, window.imgBild(0).Top);
+    EXPECT_EQ(Rows(window.lvwResultat), found);
+    EXPECT_EQ(test::Columns(window.lvwResultat).front(), "Kemikalie 3190 chemical");
 }
 
 }  // namespace

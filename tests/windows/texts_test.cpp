@@ -3,33 +3,33 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "platform/files/files.h"
 #include "platform/text/text.h"
 #include "support/session.h"
+#include "texts/frmLang.h"
 
 namespace vemora {
 namespace {
 
 using test::Strings;
 
-/// A control of any type, with or without a caption.
-class Probe final : public platform::Control {
+/// A control of any type.
+class Probe final : public platform::CaptionControl {
   public:
-    Probe(platform::Form& parent, std::string type, bool captioned = true)
-        : Control(parent, "probe", {.ToolTipText = "design tip"}),
-          type_(std::move(type)),
-          captioned_(captioned) {}
+    Probe(platform::Form& parent, std::string type)
+        : CaptionControl(parent, "probe", {.Caption = "design", .ToolTipText = "design tip"}, -1),
+          type_(std::move(type)) {}
     std::string_view TypeName() const override { return type_; }
-    void SetCaption(const std::string& text) override {
-        captioned_ ? static_cast<void>(caption_ = text) : Control::SetCaption(text);
-    }
-    std::string Shown() const { return caption_ + "/" + ToolTipText.Get(); }
 
   private:
     std::string type_;
-    bool captioned_;
-    std::string caption_ = "design";
 };
+
+std::string Many(std::size_t count) {
+    return platform::Replace(std::string(count, 'x'), "x", "å");
+}
 
 /// The texts of a folder without a database.
 class Texts : public testing::Test {
@@ -37,20 +37,13 @@ class Texts : public testing::Test {
     Texts() {
         folder.WriteLanguage("lang.ini",
                              "[System]\nlang=Test\nR0001=One\nR0002= Two \nR0003=<<SAKNAS>> 3\nR0004=Tip\n"
-                             "R0005=" +
-                                 Many(600) + "\nR0006=" + Many(2500) + "\nR0030=Text error\n");
-    }
-    static std::string Many(std::size_t count) {
-        std::string text;
-        for (std::size_t i = 0; i < count; ++i) {
-            text += "å";
-        }
-        return text;
+                             "R0030=Text error\nR0005=" +
+                                 Many(600) + "\nR0006=" + Many(2500) + "\n");
     }
     std::string Bound(const std::string& tag, const std::string& type = "Label", bool tips = true) {
         Probe probe(form, type);
         EXPECT_EQ(texter.TextTillControl(probe, tag, tips), !tag.empty());
-        return probe.Shown();
+        return probe.Caption.Get() + "/" + probe.ToolTipText.Get();
     }
 
     test::ProgramFolder folder{""};
@@ -60,23 +53,15 @@ class Texts : public testing::Test {
 };
 
 TEST_F(Texts, TagsBindCaptionAndToolTip) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"", "design/design tip"},
-        {"R0001", "One/design tip"},
-        {"R0001;R0004", "One/Tip"},
-        {";R0004", "design/Tip"},
-        {"R0001+R0002", "OneTwo/design tip"},
-        {"R0001+R0003", "One/design tip"},     // a second text that says it is missing
-        {"R0099+R0002", "Two/design tip"},     // no first one
-        {"R0001+R0099", "One/design tip"},     // no second one
-        {"R0001+R0002;R0004", "One/Tip"},      // the second key takes the rest along
-        {"R0003", "<<SAKNAS>> 3/design tip"},  // in the first place it is a text like any other
-        {"R0099;R0098", "design/design tip"},  // nothing clears what the design says
-        {"r0001;r0004", "One/Tip"},
-        {"lang", "Test/design tip"},
-    };
-    for (const auto& [tag, shown] : cases) {
-        EXPECT_EQ(Bound(tag), shown) << tag;
+    // A second text that says it is missing doesn't count; a second key takes what is behind it along;
+    // nothing clears what the design says.
+    for (const std::string given :
+         {"=design/design tip", "R0001=One/design tip", "R0001;R0004=One/Tip", ";R0004=design/Tip",
+          "R0001+R0002=OneTwo/design tip", "R0001+R0003=One/design tip", "R0099+R0002=Two/design tip",
+          "R0001+R0099=One/design tip", "R0001+R0002;R0004=One/Tip", "R0003=<<SAKNAS>> 3/design tip",
+          "R0099;R0098=design/design tip", "r0001;r0004=One/Tip", "lang=Test/design tip"}) {
+        const std::string tag = given.substr(0, given.find('='));
+        EXPECT_EQ(tag + "=" + Bound(tag), given);
     }
 }
 
@@ -101,27 +86,26 @@ TEST_F(Texts, TextsAreCutToTheirBuffers) {
     EXPECT_EQ(texter.TextTillAndra(""), "");
 }
 
-TEST_F(Texts, AWindowGetsItsTitleAndAllItsTexts) {
+TEST_F(Texts, AWindowGetsItsTitleAndItsTextsUpToTheFirstControlThatCannotTakeOne) {
     platform::Label label{form, "label", {.Caption = "design", .Tag = "R0002"}};
     platform::Label plain{form, "plain", {.Caption = "design"}};
     EXPECT_TRUE(texter.SetTextOfForm(form));
     EXPECT_EQ(form.Caption, "One");
     EXPECT_EQ(label.Caption, "Two");
     EXPECT_EQ(plain.Caption, "design");
-}
+    form.Tag = "R0099";
+    EXPECT_TRUE(texter.SetTextOfForm(form));
+    EXPECT_EQ(form.Caption, "");  // a title alone is cleared by a missing text
 
-TEST_F(Texts, TheFirstControlThatCannotTakeItsTextIsReportedAndEndsTheBinding) {
-    platform::Menu menu{form, "menu", {.Tag = "R0001;R0004"}};
-    Probe probe(form, "Picture", false);
-    probe.Tag = "R0001";
-    platform::Label label{form, "label", {.Tag = "R0002"}};
+    platform::Menu menu{form, "menu", {.Tag = "R0001;R0004"}};  // has no tool tip
+    platform::ImageList pictures{form, "pictures", {}};         // has no caption
+    platform::Label last{form, "last", {.Tag = "R0002"}};
     EXPECT_FALSE(texter.SetTextOfForm(form));
-    const std::string report = "[0 -] Text error 438 (…) in procedure TextTillControl in Module mTexter";
-    EXPECT_EQ(desktop.TakeBoxes(), Strings{report});
     EXPECT_EQ(menu.Caption, "One");
-    EXPECT_EQ(label.Caption, "");
-    EXPECT_FALSE(texter.TextTillControl(probe, "R0001", true));
-    EXPECT_EQ(desktop.TakeBoxes(), Strings{report});
+    EXPECT_EQ(last.Caption, "");
+    EXPECT_FALSE(texter.TextTillControl(pictures, "R0001", true));
+    EXPECT_EQ(desktop.TakeBoxes(),
+              Strings(2, "[0 -] Text error 438 (…) in procedure TextTillControl in Module mTexter"));
 }
 
 TEST_F(Texts, EveryReadTakesTheFileAsItIsNow) {
@@ -130,21 +114,114 @@ TEST_F(Texts, EveryReadTakesTheFileAsItIsNow) {
         return texter.TextTillAndra("R0001");
     };
     EXPECT_EQ(one("[System]\r\nR0001=\xE5\r\n"), "å");
-    EXPECT_EQ(one("\xEF\xBB\xBF[System]\nR0001=å\n"), "å");
-    EXPECT_EQ(one("[System]\nR0001=first\nR0001=second\n"), "first");
-    EXPECT_EQ(one("[System]\nR0001=cut"), "cut");
     EXPECT_EQ(one("[Other]\nR0001=other\n"), "");
-    std::string noise;
-    for (int i = 0; i < 4096; ++i) {
-        noise += static_cast<char>(i * 37);
-    }
-    EXPECT_EQ(one(noise), "");
     EXPECT_EQ(one(""), "");
     std::filesystem::remove(folder.Bin("lang.ini"));
     EXPECT_EQ(texter.TextTillAndra("R0001"), "");
     EXPECT_FALSE(LanguageFileExists(folder.Path()));
     std::filesystem::create_directory(folder.Bin("lang.ini"));
     EXPECT_EQ(texter.TextTillAndra("R0001"), "");
+}
+
+class LanguageWindow : public testing::Test {
+  protected:
+    /// The window over a folder with these language files only, and what the user does in it.
+    void Show(const std::function<void(frmLang&)>& user) {
+        desktop.WhileModal<frmLang>([&](frmLang& shown) {
+            user(shown);
+            shown.cmdAvbryt.InputClick();
+        });
+        desktop.Event([&] { window.Show(platform::vbModal); });
+    }
+    void Language(std::string_view file, const std::string& name) {
+        folder.WriteLanguage(file, "[System]\nlang=" + name + "\n");
+    }
+    static std::string Entry(const std::string& name, const std::string& file) {
+        return name + std::string(100, ' ') + file;
+    }
+    static std::set<std::string> Entries(const frmLang& shown) {
+        std::set<std::string> entries;
+        for (int i = 0; i < shown.cboLang.ListCount(); ++i) {
+            entries.insert(shown.cboLang.List(i));
+        }
+        return entries;
+    }
+    std::string Bytes(std::string_view file) const { return test::ReadAll(folder.Bin(file)); }
+
+    test::ProgramFolder folder{"English"};
+    test::ScriptedDesktop desktop;
+    frmLang window{desktop, folder.Path()};
+};
+
+TEST_F(LanguageWindow, ListsTheLanguagesAndSelectsTheOneInForce) {
+    Language("LANGUAGE.INI", "Suomi");
+    Language("LangNone.ini", "");
+    Language("Other.ini", "Other");
+    Language("LangY.ini", std::string(120, 'y'));
+    std::filesystem::create_directory(folder.Bin("LangFolder.ini"));
+    Language("lang.ini", "English");
+    const std::string before = Bytes("lang.ini");
+    Show([&](frmLang& shown) {
+        EXPECT_EQ(Entries(shown),
+                  (std::set{Entry("Deutsch", "LangDeutsch.ini"), Entry("English", "LangEnglish.ini"),
+                            Entry("Suomi", "LANGUAGE.INI"), Entry("Svenska", "LangSvenska.ini"),
+                            Entry(std::string(99, 'y'), "LangY.ini")}));
+        EXPECT_EQ(shown.cboLang.Text(), Entry("English", "LangEnglish.ini"));
+        EXPECT_EQ(shown.Caption, "Select language/ Välj språk");
+        // This selection was the program's and copied nothing; the user's does, of the same entry too.
+        EXPECT_EQ(Bytes("lang.ini"), before);
+        test::Choose(shown.cboLang, "English");
+        EXPECT_EQ(Bytes("lang.ini"), Bytes("LangEnglish.ini"));
+        shown.cmdOk.InputClick();
+        EXPECT_FALSE(shown.IsLoaded());
+    });
+    EXPECT_EQ(desktop.Logged("pointer"), Strings{"pointer 0"});
+    // A name of more than 50 characters is never recognised.
+    Language("LangX.ini", std::string(60, 'x'));
+    Language("lang.ini", std::string(60, 'x'));
+    Show([](frmLang& shown) { EXPECT_EQ(shown.cboLang.ListIndex, -1); });
+}
+
+TEST_F(LanguageWindow, TheFileOfTheEntryBecomesTheOneActiveFileHoweverItsNameIsWritten) {
+    Language("LangA.ini", "Zwei");
+    folder.WriteLanguage("LangB.ini", "[System]\nlang=Zwei\nR0001=B\n");
+    std::filesystem::rename(folder.Bin("lang.ini"), folder.Bin("LANG.ini"));
+    Show([&](frmLang& shown) {
+        EXPECT_EQ(shown.cboLang.Text(), Entry("English", "LangEnglish.ini"));
+        for (const std::string file : {"LangA.ini", "LangB.ini"}) {
+            test::Choose(shown.cboLang, Entry("Zwei", file));
+            EXPECT_EQ(Bytes("lang.ini"), Bytes(file));
+        }
+        EXPECT_EQ(folder.Files("bin").size(), 6U);
+    });
+    const auto bin = folder.Path() / "Bin";
+    std::filesystem::rename(folder.Path() / "bin", bin);
+    Show([&](frmLang& shown) {
+        test::Choose(shown.cboLang, "Svenska");
+        EXPECT_EQ(test::ReadAll(bin / "lang.ini"), test::ReadAll(bin / "LangSvenska.ini"));
+    });
+}
+
+TEST_F(LanguageWindow, OkNeedsAChoice) {
+    std::filesystem::remove(folder.Bin("lang.ini"));
+    Show([&](frmLang& shown) {
+        test::Press(shown, platform::key::Return);  // the default button
+        EXPECT_TRUE(shown.IsLoaded());
+        EXPECT_EQ(desktop.Logged("focus"), Strings{"focus cboLang"});
+        shown.cboLang.InputIndex(0);
+        shown.cmdOk.InputClick();
+        EXPECT_FALSE(shown.IsLoaded());
+    });
+}
+
+TEST_F(LanguageWindow, ACopyThatFailsEndsTheProgram) {
+    // Of a file name with a blank only what stands behind the last one is taken for it.
+    Language("Lang my own.ini", "Mine");
+    Show([&](frmLang& shown) { test::Choose(shown.cboLang, Entry("Mine", "Lang my own.ini")); });
+    EXPECT_EQ(desktop.TakeBoxes(), Strings{"[16 -] 53 (…)"});
+    EXPECT_TRUE(desktop.Ended());
+    EXPECT_EQ(desktop.Logged("quit").size(), 1U);
+    EXPECT_FALSE(LanguageFileExists(folder.Path()));
 }
 
 }  // namespace

@@ -35,6 +35,7 @@ class Connection {
     Connection& operator=(const Connection&) = delete;
     ~Connection();
 
+    /// Either way a set has its rows to itself: as many as its type holds.
     int CursorLocation = adUseServer;
     /// Whatever it says, the file is locked against every other program from Open to Close.
     int Mode = adModeUnknown;
@@ -83,10 +84,10 @@ class Field {
 
 /// The rows of one statement.
 ///
-/// Cursor type 0 with lock type 1 is a forward-only stream over the running statement: one row in memory.
-/// Every other pair holds all its rows. MovePrevious and MoveLast fail on a stream (error 3219). A changed
-/// row is written back through each column's origin, so that a column read under an alias writes the column
-/// it came from.
+/// Cursor type 0 with lock type 1 is a forward-only stream over the running statement: one row in memory,
+/// and the statement one row ahead of it, so that on its last row nothing runs any more. Every other pair
+/// holds all its rows. MovePrevious and MoveLast fail on a stream (error 3219). A changed row is written back
+/// through each column's origin, so that a column read under an alias writes the column it came from.
 class Recordset {
   public:
     Recordset();
@@ -101,9 +102,10 @@ class Recordset {
     void Open(std::string_view source, Connection& connection, int cursorType = adOpenForwardOnly,
               int lockType = adLockReadOnly);
     bool IsOpen() const;
-    /// Error 3704 when it isn't open, 3219 while a row is pending.
+    /// Drops a pending row in which nothing was assigned. Errors: 3704 when it isn't open, 3219 while a field
+    /// is assigned and not saved.
     void Close();
-    /// Error 3704 when it isn't open.
+    /// Neither holds while a new row is pending. Error 3704 when it isn't open.
     bool Eof() const;
     bool Bof() const;
 
@@ -123,7 +125,8 @@ class Recordset {
     /// Starts a new row, which becomes the current one with all fields Null.
     void AddNew();
     /// Writes the assigned fields of the current row; without a pending change it does nothing. The new row
-    /// stays current, its generated key readable where the statement has it.
+    /// stays current, its generated key readable where the statement has it. After a failure the change is
+    /// still pending, but for a row that is gone from its table: that one counts as deleted here, too.
     void Update();
     /// Drops a pending row or edit; the row current before AddNew is current again.
     void CancelUpdate();
@@ -133,7 +136,7 @@ class Recordset {
     /// "ID = " and a number: looks forward from the current row, ends at the end when nothing is found.
     /// Error 3021 with no current record, 3001 for any other criterion.
     void Find(std::string_view criterion);
-    /// Close and open again with the same source.
+    /// Close, with its errors, and open again with the same source.
     void Requery();
 
     /// Called after each change of the current row (open, move, requery, close); what controls are bound by.

@@ -108,18 +108,26 @@ void StatementCache::Clear() {
 }
 
 Statement ConnectionImpl::Acquire(const std::string& text) {
-    if (auto kept = cache.Take(text)) {
-        return std::move(*kept);
-    }
-    return Statement(*store, ToStoreSql(text));
+    auto kept = cache.Take(text);
+    return Readied(kept ? std::move(*kept) : Statement(*store, ToStoreSql(text)));
 }
 
 Statement ConnectionImpl::AcquireOwn(const std::string& sql) {
-    if (auto kept = cache.Take(kOwnMark + sql)) {
-        return std::move(*kept);
-    }
+    auto kept = cache.Take(kOwnMark + sql);
     const Trust trust(trusted);
-    return Statement(*store, sql);
+    return Readied(kept ? std::move(*kept) : Statement(*store, sql));
+}
+
+Statement ConnectionImpl::Readied(Statement statement) {
+    const bool reads = sqlite3_stmt_readonly(statement.Handle()) != 0;
+    if (reads != holding) {
+        // A failure to read is for the statement itself to tell.
+        holding = reads && sqlite3_step(hold->Handle()) == SQLITE_ROW;
+        if (!holding) {
+            hold->Reset();
+        }
+    }
+    return statement;
 }
 
 void ConnectionImpl::Release(const std::string& text, Statement statement) {
@@ -182,6 +190,7 @@ void Connection::Open() {
         // From here on the authorizer would refuse what the store asks for itself.
         const Trust trust(impl_->trusted);
         store->CheckPages();
+        impl_->hold = store->Prepare("SELECT 1 FROM sqlite_master");
     }
     impl_->store = std::move(store);
 }
@@ -198,6 +207,8 @@ void Connection::Close() {
     }
     impl_->cache.Clear();
     impl_->tables.clear();
+    impl_->hold.reset();
+    impl_->holding = false;
     const auto store = std::move(impl_->store);
     sqlite3_set_authorizer(store->Handle(), nullptr, nullptr);
     store->Close();

@@ -53,11 +53,13 @@ void RecordsetImpl::Load() {
     adding = false;
     assigned.assign(columns.size(), std::nullopt);
     position = 0;
+    rows = Rows(columns.size());
     if (stream) {
+        place = Place::After;
         StepStream();
+        NextOfStream();
         return;
     }
-    rows = Rows(columns.size());
     while (running->Step()) {
         rows.Append(*running);
     }
@@ -115,16 +117,30 @@ void RecordsetImpl::DescribeColumns(const Statement& statement) {
     }
 }
 
-void RecordsetImpl::StepStream() {
+void RecordsetImpl::NextOfStream() {
     place = Place::After;  // also when the step fails
-    if (running->Step()) {
-        place = Place::Row;
+    if (!running) {
+        return;
     }
+    rows.Clear();
+    rows.Append(*running);
+    StepStream();
+    place = Place::Row;
+}
+
+void RecordsetImpl::StepStream() {
+    if (running->Step()) {
+        return;
+    }
+    // A statement at rest holds no read on the file. One that did would keep the journal from being folded
+    // back for as long as the set stays open.
+    connection->Release(source, std::move(*running));
+    running.reset();
 }
 
 void RecordsetImpl::NextRow() {
     if (stream) {
-        StepStream();
+        NextOfStream();
         ++position;
         return;
     }
@@ -167,7 +183,7 @@ Value RecordsetImpl::Get(std::size_t column) const {
     if (place != Place::Row) {
         NoCurrent("Reading a field");
     }
-    return stream ? running->Column(static_cast<int>(column)) : rows.Get(position, column);
+    return rows.Get(stream ? 0 : position, column);
 }
 
 void RecordsetImpl::Set(std::size_t column, const Value& value) {
@@ -262,6 +278,9 @@ void RecordsetImpl::WriteEdit() {
         sql += " WHERE " + KeyCondition(table, values);
         Run(sql, values);
         if (sqlite3_changes(connection->store->Handle()) == 0) {
+            // Kept pending it could never be saved, and no move would lead away from it.
+            Drop();
+            ForgetRow();
             throw Error(errors::StoreFailed, "Saving a row failed: it is no longer in the table.", kSource);
         }
     }
@@ -306,6 +325,7 @@ void RecordsetImpl::WriteNew() {
     const auto& generated = connection->Key(table).generated;
     const std::string what = names.empty() ? " DEFAULT VALUES" : "(" + names + ") VALUES(" + places + ")";
     Run("INSERT INTO " + Quoted(table) + what, values);
+    adding = false;  // it is in the table, whatever fails from here on
     rows.AppendNulls();
     position = rows.Count() - 1;
     place = Place::Row;
@@ -352,6 +372,10 @@ void RecordsetImpl::DeleteRow() {
     std::vector<Value> values;
     const std::string condition = KeyCondition(table, values);
     Run("DELETE FROM " + Quoted(table) + " WHERE " + condition, values);
+    ForgetRow();
+}
+
+void RecordsetImpl::ForgetRow() {
     rows.Erase(position);
     place = Place::Deleted;
 }

@@ -47,7 +47,9 @@ struct ConnectionImpl {
     StatementCache cache;
     std::map<std::string, TableKey, std::less<>> tables;
     std::unordered_set<RecordsetImpl*> open;
-    bool trusted = false;  // a statement of our own is being prepared
+    bool trusted = false;           // a statement of our own is being prepared
+    std::optional<Statement> hold;  // stands on its row while a read is kept open
+    bool holding = false;
 
     /// A statement of the system's dialect, ready to run.
     Statement Acquire(const std::string& text);
@@ -56,6 +58,12 @@ struct ConnectionImpl {
     void Release(const std::string& text, Statement statement);
     void ReleaseOwn(const std::string& sql, Statement statement);
     const TableKey& Key(const std::string& table);
+
+  private:
+    /// Keeps a read open on the file from the first statement that only reads to the next that changes rows.
+    /// A sheet asks for thousands of labels, and each would begin a read of its own; a change in turn can
+    /// fold the journal back only while nothing reads.
+    Statement Readied(Statement statement);
 };
 
 /// The rows of a record set: cells of fixed size, their texts behind one another.
@@ -65,6 +73,7 @@ class Rows {
 
     std::size_t Count() const { return columns_ == 0 ? 0 : cells_.size() / columns_; }
     void Append(const Statement& row);
+    void Clear();
     void AppendNulls() { cells_.resize(cells_.size() + columns_); }
     Value Get(std::size_t row, std::size_t column) const;
     void Set(std::size_t row, std::size_t column, const Value& value);
@@ -96,9 +105,9 @@ struct RecordsetImpl {
     std::string source;
     int lockType = adLockReadOnly;
     bool stream = false;
-    std::optional<Statement> running;  // of a stream
+    std::optional<Statement> running;  // of a stream: stands on the row behind the current one
     std::vector<Column> columns;
-    Rows rows;
+    Rows rows;  // of a stream the current one alone
 
     Place place = Place::After;
     std::size_t position = 0;  // of the current row; of a deleted row the place where it was
@@ -128,6 +137,7 @@ struct RecordsetImpl {
 
     bool Assigned() const;
     bool Pending() const { return adding || Assigned(); }
+    bool AtEnd() const { return place == Place::After && !adding; }
     void Drop();
     void Save();
     /// What a move does with a pending row first.
@@ -137,10 +147,12 @@ struct RecordsetImpl {
     /// What the store gave the new, current row where nothing was assigned.
     void ReadDefaults(const std::string& table);
     void DeleteRow();
+    void ForgetRow();
     void NextRow();
 
   private:
     void DescribeColumns(const Statement& statement);
+    void NextOfStream();
     void StepStream();
     /// The text and the values of "[key] = ? AND ..." for the current row.
     std::string KeyCondition(const std::string& table, std::vector<Value>& values) const;

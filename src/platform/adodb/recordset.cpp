@@ -100,7 +100,7 @@ bool Recordset::IsOpen() const {
 void Recordset::Close() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Closing a record set");
-    if (rs.Pending()) {
+    if (rs.Assigned()) {
         Fail(errors::NotAllowedNow, "Closing a record set", "a row in it is not saved yet");
     }
     rs.Shut();
@@ -110,15 +110,14 @@ void Recordset::Close() {
 bool Recordset::Eof() const {
     const auto& rs = Need(impl_);
     rs.CheckOpen("Testing for the end of a record set");
-    return rs.place == RecordsetImpl::Place::After;
+    return rs.AtEnd();
 }
 
 bool Recordset::Bof() const {
     const auto& rs = Need(impl_);
     rs.CheckOpen("Testing for the beginning of a record set");
-    const bool empty =
-        rs.place == RecordsetImpl::Place::After && (rs.stream ? rs.position == 0 : rs.rows.Count() == 0);
-    return rs.place == RecordsetImpl::Place::Before || empty;
+    const bool empty = rs.AtEnd() && (rs.stream ? rs.position == 0 : rs.rows.Count() == 0);
+    return (rs.place == RecordsetImpl::Place::Before && !rs.adding) || empty;
 }
 
 Field Recordset::operator[](std::string_view name) {
@@ -256,7 +255,7 @@ void Recordset::Find(std::string_view criterion) {
 void Recordset::Requery() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Asking anew");
-    if (rs.Pending()) {
+    if (rs.Assigned()) {
         Fail(errors::NotAllowedNow, "Asking anew", "a row is not saved yet");
     }
     try {

@@ -15,8 +15,10 @@ void Rows::SetText(Cell& cell, std::string_view text) {
 }
 
 void Rows::Append(const Statement& row) {
+    const std::size_t first = cells_.size();
+    cells_.resize(first + columns_);
     for (int column = 0; column < static_cast<int>(columns_); ++column) {
-        Cell& cell = cells_.emplace_back();
+        Cell& cell = cells_[first + static_cast<std::size_t>(column)];
         switch (sqlite3_column_type(row.Handle(), column)) {
             case SQLITE_NULL:
                 break;
@@ -31,6 +33,11 @@ void Rows::Append(const Statement& row) {
                 SetText(cell, row.Text(column));
         }
     }
+}
+
+void Rows::Clear() {
+    cells_.clear();
+    texts_.clear();
 }
 
 Value Rows::Get(std::size_t row, std::size_t column) const {

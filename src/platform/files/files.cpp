@@ -11,6 +11,8 @@
 #include <system_error>
 
 #include "platform/error.h"
+#include "platform/files/sync.h"
+#include "platform/text/fold.h"
 #include "platform/text/text.h"
 
 namespace platform {
@@ -147,11 +149,14 @@ std::string Utf8FromPath(const fs::path& path) {
 }
 
 std::vector<std::string> Dir(const fs::path& folder, std::string_view pattern) {
-    const std::string folded = LCase(pattern);
+    std::string foldedPattern;
+    Fold(pattern, foldedPattern);
     std::vector<std::string> names;
+    std::string folded;
     ForEachEntry(folder, [&](const fs::directory_entry& entry) {
         std::string name = Utf8FromPath(entry.path().filename());
-        if (Matches(LCase(name), folded) && IsFile(entry.path())) {
+        Fold(name, folded);
+        if (Matches(folded, foldedPattern) && IsFile(entry.path())) {
             names.push_back(std::move(name));
         }
     });
@@ -241,6 +246,9 @@ void WriteFile(const fs::path& file, std::string_view bytes) {
         }
     }
     if (!code) {
+        code = Sync(temporary);
+    }
+    if (!code) {
         fs::rename(temporary, file, code);
     }
     if (code) {
@@ -248,6 +256,7 @@ void WriteFile(const fs::path& file, std::string_view bytes) {
         fs::remove(temporary, ignored);
         Fail(code, "Writing", file);
     }
+    SyncFolder(file.parent_path());
     std::vector<fs::path> spellings;
     FindSpellings(file.parent_path(), Utf8FromPath(file.filename()), spellings, false);
     for (std::size_t i = 1; i < spellings.size(); ++i) {

@@ -42,7 +42,8 @@ void FileCopy(const std::filesystem::path& from, const std::filesystem::path& to
 std::string ReadFile(const std::filesystem::path& file);
 
 /// Makes the bytes the content of a file, by way of a temporary file beside it, so that a failure leaves what
-/// was there. Other spellings of the name are gone afterwards. Errors 70, 71, 75.
+/// was there; so does a power cut, for the bytes are on the disk before they get the name. Other spellings of
+/// the name are gone afterwards. Errors 70, 71, 75.
 void WriteFile(const std::filesystem::path& file, std::string_view bytes);
 
 }  // namespace platform

@@ -22,7 +22,8 @@ Control::Control(Form& parent, std::string name, const Design& design, int index
       parent_(parent),
       name_(std::move(name)),
       index_(index),
-      container_(design.Container) {
+      container_(design.Container),
+      page_(design.Page) {
     parent.controls_.push_back(this);
 }
 
@@ -45,7 +46,8 @@ void Control::SetToolTipText(const std::string& text) {
 
 bool Control::CanFocus() const {
     for (const Control* control = this; control != nullptr; control = control->container_) {
-        if (!control->Visible || !control->Enabled) {
+        const bool shown = control->container_ == nullptr || control->container_->Shows(*control);
+        if (!control->Visible || !control->Enabled || !shown) {
             return false;
         }
     }
@@ -68,9 +70,10 @@ bool Control::Covered() const {
 
 bool Control::Covers(const Control& other) const {
     // Menu entries have no size: they lie nowhere.
-    return Visible && container_ == other.container_ && Width > 0 && Height > 0 && other.Width > 0 &&
-           other.Height > 0 && Left <= other.Left && Left + Width >= other.Left + other.Width &&
-           Top <= other.Top && Top + Height >= other.Top + other.Height;
+    return Visible && container_ == other.container_ && page_ == other.page_ && Width > 0 && Height > 0 &&
+           other.Width > 0 && other.Height > 0 && Left <= other.Left &&
+           Left + Width >= other.Left + other.Width && Top <= other.Top &&
+           Top + Height >= other.Top + other.Height;
 }
 
 void Control::SetFocus() {

@@ -49,6 +49,8 @@ struct Design {
     bool Enabled = true;
     bool Locked = false;
     bool MultiLine = false;
+    bool MultiSelect = false;
+    bool Checkboxes = false;
     bool Default = false;
     bool Cancel = false;
     int Value = 0;
@@ -60,6 +62,7 @@ struct Design {
     Colour ForeColor = Colour::Text;
     Align Alignment = Align::Left;
     Control* Container = nullptr;
+    int Page = 0;  // of a container that has pages
 };
 
 /// A control of a window: the model that the logic works on. It lives as long as its window, and an unload
@@ -82,6 +85,8 @@ class Control : public PropertyOwner {
     std::string FullName() const;
     Form& Parent() const { return parent_; }
     Control* Container() const { return container_; }
+    /// The page of its container that it lies on, where that has pages.
+    int Page() const { return page_; }
 
     Property<int> Left, Top, Width, Height;
     Property<bool> Visible, Enabled;
@@ -96,6 +101,8 @@ class Control : public PropertyOwner {
     /// The caption that a reader of the screen should hear; empty when it has none of its own.
     virtual std::string CaptionText() const { return {}; }
 
+    /// Whether a control that lies on this one is seen as far as this one is: not on a page that is closed.
+    virtual bool Shows(const Control& content) const { return (void)content, true; }
     /// Whether the control takes the keyboard's focus at all.
     virtual bool TakesFocus() const { return false; }
     /// Visible and enabled, and every container of it too.
@@ -146,6 +153,7 @@ class Control : public PropertyOwner {
     std::string name_;
     int index_;
     Control* container_;
+    int page_;
     View* view_ = nullptr;
 };
 

@@ -35,6 +35,11 @@ Control* Form::ControlNamed(const std::string& fullName) const {
     return found == controls_.end() ? nullptr : *found;
 }
 
+void Form::PutBefore(Control& control, const Control& other) {
+    std::erase(controls_, &control);
+    controls_.insert(std::find(controls_.begin(), controls_.end(), &other), &control);
+}
+
 // --- life ---
 
 void Form::Load() {
@@ -155,7 +160,7 @@ void Form::InputClose() {
 bool Form::InputKey(int keyCode, int shift, int character) {
     bool used = false;
     desktop_.Event([&] {
-        if (MenuShortcut(keyCode, shift) || (shift == 0 && DialogKey(keyCode))) {
+        if (MenuShortcut(keyCode, shift) || PageKey(keyCode, shift) || (shift == 0 && DialogKey(keyCode))) {
             used = true;
             return;
         }
@@ -192,6 +197,22 @@ bool Form::MenuShortcut(int keyCode, int shift) {
         auto* menu = dynamic_cast<Menu*>(control);
         if (menu != nullptr && menu->Shortcut() == shortcut && menu->CanFocus()) {
             Control::Raise(menu->Click);
+            return true;
+        }
+    }
+    return false;
+}
+
+// Ctrl and PgUp or PgDn lead from page to page, wherever in the window the focus is.
+bool Form::PageKey(int keyCode, int shift) {
+    if (shift != platform::shift::Ctrl || (keyCode != key::PageUp && keyCode != key::PageDown)) {
+        return false;
+    }
+    for (Control* control : controls_) {
+        auto* tabs = dynamic_cast<SSTab*>(control);
+        if (tabs != nullptr && tabs->Reachable()) {
+            const int step = keyCode == key::PageDown ? 1 : tabs->Tabs() - 1;
+            tabs->Tab = (tabs->Tab + step) % tabs->Tabs();
             return true;
         }
     }

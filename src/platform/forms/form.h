@@ -16,7 +16,9 @@
 #include "platform/forms/lists.h"
 #include "platform/forms/menu.h"
 #include "platform/forms/pictures.h"
+#include "platform/forms/rich_text_box.h"
 #include "platform/forms/static.h"
+#include "platform/forms/tabs.h"
 #include "platform/forms/text_box.h"
 
 namespace platform {
@@ -30,6 +32,8 @@ namespace key {
 inline constexpr int Return = 13;
 inline constexpr int Alt = 18;
 inline constexpr int Escape = 27;
+inline constexpr int PageUp = 33;
+inline constexpr int PageDown = 34;
 }  // namespace key
 
 /// The bits of a key event's shift state.
@@ -115,6 +119,9 @@ class Form : public PropertyOwner {
     void PropertyChanged(const PropertyBase& property) override;
 
   protected:
+    /// Gives a control its place in the order right before another one: the order of the Tab key.
+    void PutBefore(Control& control, const Control& other);
+
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Resize() {}
@@ -128,6 +135,7 @@ class Form : public PropertyOwner {
     friend class Static;
     void SetActive(Control& control);
     bool DialogKey(int keyCode);
+    bool PageKey(int keyCode, int shift);
     bool MenuShortcut(int keyCode, int shift);
 
     Desktop& desktop_;

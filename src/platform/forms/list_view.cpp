@@ -36,7 +36,9 @@ ListView::ListView(Form& parent, std::string name, const Design& design, int ind
     : Control(parent, std::move(name), design, index),
       View(*this, 0),
       SortKey(*this, 0),
-      SortOrder(*this, 0) {}
+      SortOrder(*this, 0),
+      multiSelect_(design.MultiSelect),
+      checkboxes_(design.Checkboxes) {}
 
 ListView::SortedProperty& ListView::SortedProperty::operator=(bool sorted) {
     list_.sorted_ = sorted;
@@ -111,7 +113,7 @@ ListItem& ListView::AddItem(std::string key, std::string text) {
     }
     ListItem& item = items_.emplace_back(std::move(key), std::move(text));
     if (!item.Key().empty()) {
-        keys_.insert(item.Key());
+        keys_.emplace(item.Key(), static_cast<std::uint32_t>(items_.size() - 1));
     }
     order_.push_back(static_cast<std::uint32_t>(items_.size() - 1));
     orderDue_ = orderDue_ || sorted_;
@@ -127,8 +129,18 @@ const ListItem& ListView::Item(int place) const {
     return items_[order_[static_cast<std::size_t>(place)]];
 }
 
+ListItem& ListView::At(int place) {
+    Item(place);
+    return items_[order_[static_cast<std::size_t>(place)]];
+}
+
+ListItem* ListView::ItemOf(std::string_view key) {
+    const auto found = keys_.find(key);
+    return found == keys_.end() ? nullptr : &items_[found->second];
+}
+
 int ListView::SelectedIndex() const {
-    if (selected_ < 0) {
+    if (selected_ < 0 || !items_[static_cast<std::size_t>(selected_)].selected_) {
         return -1;
     }
     Order();
@@ -137,13 +149,44 @@ int ListView::SelectedIndex() const {
 }
 
 void ListView::Select(int place) {
-    if (place < 0) {
-        selected_ = -1;
-    } else {
-        Item(place);
+    ListItem* const item = place < 0 ? nullptr : &At(place);
+    ClearSelection();
+    if (item != nullptr) {
+        item->selected_ = true;
         selected_ = order_[static_cast<std::size_t>(place)];
     }
     Notify();
+}
+
+void ListView::SetSelected(int place, bool selected) {
+    ListItem& item = At(place);
+    if (selected && !multiSelect_) {
+        ClearSelection();
+    }
+    item.selected_ = selected;
+    if (selected) {
+        selected_ = order_[static_cast<std::size_t>(place)];
+    }
+    Notify();
+}
+
+void ListView::ClearSelection() {
+    if (multiSelect_) {
+        for (ListItem& item : items_) {
+            item.selected_ = false;
+        }
+    } else if (selected_ >= 0) {
+        items_[static_cast<std::size_t>(selected_)].selected_ = false;
+    }
+    selected_ = -1;
+}
+
+void ListView::SetChecked(ListItem& item, bool checked) {
+    if (item.checked_ != checked) {
+        item.checked_ = checked;
+        ++checksVersion_;
+        Notify();
+    }
 }
 
 void ListView::Order() const {
@@ -197,14 +240,46 @@ void ListView::Reset() {
 
 // --- the user ---
 
-void ListView::InputSelect(int place) {
+void ListView::InputSelection(const std::vector<int>& places, int place) {
+    const auto isRow = [this](int row) { return row >= 0 && row < ItemCount(); };
     Parent().Screen().Event([&] {
-        if (!Reachable() || place < 0 || place >= ItemCount()) {
+        if (!Reachable() || !std::all_of(places.begin(), places.end(), isRow)) {
             return;
         }
-        Select(place);
+        Select(-1);
+        for (const int row : places) {
+            SetSelected(row, true);
+        }
+        if (!isRow(place)) {
+            return;
+        }
+        if (Item(place).selected_) {
+            selected_ = order_[static_cast<std::size_t>(place)];
+        }
         Raise<const ListItem&>(ItemClick, Item(place));
-        Raise(Click);
+    });
+}
+
+void ListView::InputClick() {
+    Parent().Screen().Event([this] {
+        if (Reachable()) {
+            Raise(Click);
+        }
+    });
+}
+
+void ListView::InputCheck(const std::vector<int>& places, bool checked) {
+    Parent().Screen().Event([&] {
+        for (const int place : places) {
+            if (!checkboxes_ || !Reachable() || place < 0 || place >= ItemCount()) {
+                return;
+            }
+            ListItem& item = At(place);
+            if (item.checked_ != checked) {
+                SetChecked(item, checked);
+                Raise<const ListItem&>(ItemCheck, item);
+            }
+        }
     });
 }
 

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/forms/control.h"
@@ -30,9 +30,15 @@ class ListItem {
     const std::string& SubItems(std::size_t column) const;
     void AddSubItem(std::string text) { subItems_.push_back(std::move(text)); }
 
+    bool Selected() const { return selected_; }
+    bool Checked() const { return checked_; }
+
   private:
+    friend class ListView;
     std::string key_;
     std::vector<std::string> subItems_;
+    bool selected_ = false;
+    bool checked_ = false;
 };
 
 /// A column of a list in report view.
@@ -90,11 +96,26 @@ class ListView final : public Control {
     int ItemCount() const { return static_cast<int>(items_.size()); }
     /// The row at a place of the shown order.
     const ListItem& Item(int place) const;
-    /// Place of the selected row, -1 for none. Setting it raises nothing.
+    /// The row with this key, null when there is none: no walk.
+    ListItem* ItemOf(std::string_view key);
+    /// Place of the row that was selected last, -1 when it is selected no more. Setting it, or -1 for none,
+    /// selects that row alone and raises nothing.
     int SelectedIndex() const;
     void Select(int place);
+    /// Selects a row, or not, and leaves the others as they are; raises nothing.
+    void SetSelected(int place, bool selected);
+    /// Whether several rows can be selected at once.
+    bool MultiSelect() const { return multiSelect_; }
+
+    /// Whether the rows have a box to tick.
+    bool Checkboxes() const { return checkboxes_; }
+    /// A tick from code; raises nothing.
+    void SetChecked(ListItem& item, bool checked);
+    void SetChecked(int place, bool checked) { SetChecked(At(place), checked); }
 
     std::function<void(const ListItem&)> ItemClick;
+    /// The user has ticked a row, or taken the tick away.
+    std::function<void(const ListItem&)> ItemCheck;
     /// The heading's index, from 1.
     std::function<void(int)> ColumnClick;
     std::function<void()> Click, DblClick;
@@ -106,30 +127,43 @@ class ListView final : public Control {
     void Reset() override;
 
     // --- what the view calls, and the logic where it stands for a click of the user ---
-    /// The row has become the selected one by mouse or key: raises ItemClick.
-    void InputSelect(int place);
+    /// The row has become the selected one: raises ItemClick.
+    void InputSelect(int place) { InputSelection({place}, place); }
+    /// These rows are selected now, and no others; the one at `place`, if any, raises ItemClick.
+    void InputSelection(const std::vector<int>& places, int place);
+    /// A click of the mouse, after the selection that it has made: raises Click. A click beside the rows
+    /// comes with an empty selection.
+    void InputClick();
+    /// The user ticks these rows, or takes their ticks away: ItemCheck for each that changes.
+    void InputCheck(const std::vector<int>& places, bool checked);
     void InputDoubleClick();
     void InputColumnClick(int column);  // from 0
 
     /// Raised with every change of rows, of their order or of columns: the view compares it with its own.
     std::uint64_t RowsVersion() const { return rowsVersion_; }
     std::uint64_t ColumnsVersion() const { return columnsVersion_; }
+    std::uint64_t ChecksVersion() const { return checksVersion_; }
 
   private:
     void Order() const;
     void SortNow() const;
     void RowsChanged();
+    ListItem& At(int place);
+    void ClearSelection();
 
+    const bool multiSelect_;
+    const bool checkboxes_;
     std::vector<ColumnHeader> columns_;
     std::deque<ListItem> items_;                // in the order of adding
     mutable std::vector<std::uint32_t> order_;  // place -> index in items_
     mutable bool orderDue_ = false;
-    std::unordered_set<std::string_view> keys_;
-    std::int64_t selected_ = -1;  // index in items_
+    std::unordered_map<std::string_view, std::uint32_t> keys_;  // key -> index in items_
+    std::int64_t selected_ = -1;                                // index in items_ of the row selected last
     bool sorted_ = false;
     const ImageList* headerIcons_ = nullptr;
     std::uint64_t rowsVersion_ = 0;
     std::uint64_t columnsVersion_ = 0;
+    std::uint64_t checksVersion_ = 0;
 };
 
 }  // namespace platform

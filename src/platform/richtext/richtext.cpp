@@ -11,12 +11,14 @@
 namespace platform {
 
 void RichTextBuilder::Add(UChar32 code, Run::Height height) {
-    if (code == '\r') {
+    constexpr UChar32 kLineSeparator = 0x2028;
+    constexpr UChar32 kParagraphSeparator = 0x2029;
+    if (code == '\r' || code == kLineSeparator || code == kParagraphSeparator) {
         code = '\n';
     } else if (code >= 0 && code < 0x20 && code != '\n' && code != '\t') {
         return;
     }
-    if (code < 0 || code > 0x10FFFF || U_IS_SURROGATE(code)) {
+    if (!U_IS_UNICODE_CHAR(code)) {
         code = 0xFFFD;
     }
     if (text_.empty() || text_.back().Position != height) {
@@ -46,6 +48,17 @@ void RichTextBuilder::DropLastLineEnd() {
             text_.pop_back();
         }
     }
+}
+
+std::u32string CodePoints(std::string_view utf8) {
+    std::u32string codes;
+    codes.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size();) {
+        UChar32 code = 0;
+        U8_NEXT_OR_FFFD(utf8.data(), i, utf8.size(), code);
+        codes += static_cast<char32_t>(code);
+    }
+    return codes;
 }
 
 RichText Normalised(const RichText& text) {

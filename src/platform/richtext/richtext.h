@@ -24,18 +24,22 @@ struct Run {
 /// A text with lowered and raised pieces: all the formatting that a formula has.
 using RichText = std::vector<Run>;
 
-/// The same text in its one shortest form: no empty runs, no two neighbours of the same height; CR LF and CR
-/// become "\n"; other control characters but the tab are gone; what is no UTF-8 is U+FFFD.
+/// The same text in its one shortest form: no empty runs, no two neighbours of the same height; CR LF, CR and
+/// Unicode's separators of lines and paragraphs become "\n"; other control characters but the tab are gone;
+/// what is no UTF-8 or no character is U+FFFD.
 RichText Normalised(const RichText& text);
 
 /// The text alone.
 std::string PlainText(const RichText& text);
 
+/// The code points of a text; what is no UTF-8 is U+FFFD.
+std::u32string CodePoints(std::string_view utf8);
+
 /// Puts a rich text together piece by piece and keeps it normalised at each step (see Normalised).
 class RichTextBuilder {
   public:
-    /// One character. Anything that is no character becomes U+FFFD, "\r" a line end; other control
-    /// characters but tab and "\n" are left out.
+    /// One character. Anything that is no character becomes U+FFFD, what ends a line "\n"; other control
+    /// characters but the tab are left out.
     void Add(UChar32 code, Run::Height height);
     /// Any bytes, taken as UTF-8.
     void AddText(std::string_view utf8, Run::Height height);

@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/text/fold.h"
+
 namespace platform {
 
 namespace {
@@ -35,6 +37,12 @@ const UCollator* Collator() noexcept {
     return collator.get();
 }
 
+int ByTheLibrary(std::string_view left, std::string_view right) noexcept {
+    UErrorCode status = U_ZERO_ERROR;
+    return ucol_strcollUTF8(Collator(), left.data(), static_cast<std::int32_t>(left.size()), right.data(),
+                            static_cast<std::int32_t>(right.size()), &status);
+}
+
 /// The place of each ASCII character in the order, from 1; letters that differ in case share one. 0 for the
 /// control characters, which the collation ignores, and for every byte beyond ASCII.
 const std::array<unsigned char, 256>& Ranks() noexcept {
@@ -45,8 +53,7 @@ const std::array<unsigned char, 256>& Ranks() noexcept {
             order[i] = static_cast<char>(' ' + i);
         }
         const auto compare = [](const char& left, const char& right) {
-            UErrorCode status = U_ZERO_ERROR;
-            return ucol_strcollUTF8(Collator(), &left, 1, &right, 1, &status);
+            return ByTheLibrary({&left, 1}, {&right, 1});
         };
         std::stable_sort(order.begin(), order.end(),
                          [&](const char& left, const char& right) { return compare(left, right) < 0; });
@@ -60,6 +67,10 @@ const std::array<unsigned char, 256>& Ranks() noexcept {
         return made;
     }();
     return ranks;
+}
+
+bool IsLatin1(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0xC4; });
 }
 
 }  // namespace
@@ -100,18 +111,30 @@ int Compare(std::string_view left, std::string_view right) noexcept {
             return left.size() < right.size() ? -1 : 1;
         }
     }
-    UErrorCode status = U_ZERO_ERROR;
-    return ucol_strcollUTF8(Collator(), left.data(), static_cast<std::int32_t>(left.size()), right.data(),
-                            static_cast<std::int32_t>(right.size()), &status);
+    // The library takes a few rare letters for others than their other case (the long s), so that it gets its
+    // texts folded. Latin-1 has none of them, and folding can wait for a tie.
+    if (IsLatin1(left) && IsLatin1(right)) {
+        if (const int order = ByTheLibrary(left, right); order != 0) {
+            return order;
+        }
+    }
+    thread_local std::string a;
+    thread_local std::string b;
+    Fold(left, a);
+    Fold(right, b);
+    const int order = ByTheLibrary(a, b);
+    return order != 0 ? order : a.compare(b);
 }
 
 std::string SortKey(std::string_view text) {
+    thread_local std::string folded;
+    Fold(text, folded);
     UErrorCode status = U_ZERO_ERROR;
-    std::u16string wide(text.size(), u'\0');
+    std::u16string wide(folded.size(), u'\0');
     std::int32_t length = 0;
-    u_strFromUTF8WithSub(wide.data(), static_cast<std::int32_t>(wide.size()), &length, text.data(),
-                         static_cast<std::int32_t>(text.size()), 0xFFFD, nullptr, &status);
-    std::string key(text.size() * 2 + 16, '\0');
+    u_strFromUTF8(wide.data(), static_cast<std::int32_t>(wide.size()), &length, folded.data(),
+                  static_cast<std::int32_t>(folded.size()), &status);
+    std::string key(folded.size() * 2 + 16, '\0');
     const auto make = [&] {
         return ucol_getSortKey(Collator(), wide.data(), length, reinterpret_cast<std::uint8_t*>(key.data()),
                                static_cast<std::int32_t>(key.size()));
@@ -121,7 +144,9 @@ std::string SortKey(std::string_view text) {
         key.resize(static_cast<std::size_t>(needed));
         make();
     }
+    // It ends with a byte of 0, which is in no key before its end.
     key.resize(static_cast<std::size_t>(needed));
+    key += folded;
     return key;
 }
 

@@ -3,106 +3,24 @@
 
 #include "platform/text/like.h"
 
-#include <unicode/bytestream.h>
-#include <unicode/normalizer2.h>
-#include <unicode/uchar.h>
-#include <unicode/utf8.h>
-
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
+
+#include "platform/text/fold.h"
 
 namespace platform {
 
 namespace {
 
-constexpr char32_t kFirstMark = 0x300;                // no combining mark stands below it
-constexpr unsigned char kFirstMarkByte = 0xCC;        // and this byte begins it
-constexpr std::string_view kKelvin = "\xE2\x84\xAA";  // folds to k
-constexpr std::string_view kLongS = "\xC5\xBF";       // folds to s
+constexpr unsigned char kFirstMarkByte = 0xCC;  // begins the first character that may compose
 
-/// Simple case folding of the code points up to the Cyrillic ones; the rest is asked for.
-constexpr std::size_t kTable = 0x530;
-
-const std::array<char32_t, kTable>& Folds() {
-    static const auto folds = [] {
-        std::array<char32_t, kTable> made{};
-        for (std::size_t c = 0; c < kTable; ++c) {
-            made[c] = static_cast<char32_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
-        }
-        return made;
-    }();
-    return folds;
-}
-
-constexpr std::array<unsigned char, 256> kAsciiFolds = [] {
-    std::array<unsigned char, 256> made{};
-    for (unsigned c = 0; c < 256; ++c) {
-        made[c] = static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
-    }
-    return made;
-}();
-
-bool IsAscii(std::string_view text) {
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    constexpr std::uint64_t kHigh = 0x8080808080808080;
-    for (; end - at >= 8; at += 8) {
-        std::uint64_t eight;
-        std::memcpy(&eight, at, sizeof eight);
-        if ((eight & kHigh) != 0) {
-            return false;
-        }
-    }
-    return std::none_of(at, end, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-}
-
-/// Folds a text; returns whether it holds something that composing might change.
-bool Fold(std::string_view text, std::vector<char32_t>& out) {
-    const auto& folds = Folds();
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    const auto length = static_cast<std::int32_t>(text.size());
-    bool marks = false;
-    out.resize(text.size());
-    auto next = out.begin();
-    for (std::int32_t i = 0; i < length;) {
-        if (bytes[i] < 0x80) {
-            *next++ = kAsciiFolds[bytes[i++]];
-            continue;
-        }
-        UChar32 c;
-        U8_NEXT_OR_FFFD(bytes, i, length, c);
-        if (static_cast<char32_t>(c) >= kFirstMark && u_getCombiningClass(c) != 0) {
-            marks = true;
-        }
-        *next++ = static_cast<std::size_t>(c) < kTable
-                      ? folds[static_cast<std::size_t>(c)]
-                      : static_cast<char32_t>(u_foldCase(c, U_FOLD_CASE_DEFAULT));
-    }
-    out.erase(next, out.end());
-    return marks;
-}
-
-/// The text with its combining marks composed, as far as they can be.
-std::string Composed(std::string_view text) {
-    UErrorCode status = U_ZERO_ERROR;
-    const auto* composer = icu::Normalizer2::getNFCInstance(status);
-    if (U_FAILURE(status)) {
-        return std::string(text);
-    }
-    std::string composed;
-    icu::StringByteSink<std::string> sink(&composed);
-    composer->normalizeUTF8(0, icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())), sink,
-                            nullptr, status);
-    return U_FAILURE(status) ? std::string(text) : composed;
-}
-
-void FoldComposed(std::string_view text, std::vector<char32_t>& out) {
-    if (Fold(text, out)) {
-        Fold(Composed(text), out);
-    }
-}
+/// What lies beyond ASCII and folds to a character in it.
+struct Foreigner {
+    char ascii;
+    std::string_view bytes;
+};
+constexpr std::array<Foreigner, 4> kForeigners = {
+    {{'k', "\xE2\x84\xAA"}, {'s', "\xC5\xBF"}, {';', "\xCD\xBE"}, {'`', "\xE1\xBF\xAF"}}};
 
 enum class Found { No, Yes, Unsure };
 
@@ -143,8 +61,8 @@ Found FindAscii(std::string_view literal, std::string_view text) {
 }  // namespace
 
 LikePattern::LikePattern(std::string_view pattern) {
-    std::vector<char32_t> folded;
-    FoldComposed(pattern, folded);
+    std::u32string folded;
+    Fold(pattern, folded);
     segments_.emplace_back();
     for (const char32_t c : folded) {
         if (c == U'%') {
@@ -174,7 +92,11 @@ LikePattern::LikePattern(std::string_view pattern) {
                std::all_of(segments_[1].begin(), segments_[1].end(), isAscii)) {
         plain_ = true;
         ascii_.assign(segments_[1].begin(), segments_[1].end());
-        foreign_ = ascii_.find_first_of("ks") != std::string::npos;
+        for (const auto& [ascii, bytes] : kForeigners) {
+            if (ascii_.find(ascii) != std::string::npos) {
+                foreign_.push_back(bytes);
+            }
+        }
     }
 }
 
@@ -184,13 +106,9 @@ bool LikePattern::Match(std::string_view text) const {
         if (found == Found::Yes) {
             return true;
         }
-        if (found == Found::No) {
-            if (!foreign_) {
-                return false;
-            }
-            if (text.find(kKelvin) == std::string_view::npos && text.find(kLongS) == std::string_view::npos) {
-                return false;
-            }
+        const auto holds = [&](std::string_view bytes) { return text.find(bytes) != std::string_view::npos; };
+        if (found == Found::No && std::none_of(foreign_.begin(), foreign_.end(), holds)) {
+            return false;
         }
     }
     constexpr auto kSame = [](char32_t c, char32_t p) { return p == kAny || c == p; };
@@ -202,8 +120,8 @@ bool LikePattern::Match(std::string_view text) const {
             return kSame(kAsciiFolds[static_cast<unsigned char>(c)], p);
         });
     }
-    thread_local std::vector<char32_t> folded;
-    FoldComposed(text, folded);
+    thread_local std::u32string folded;
+    Fold(text, folded);
     return MatchSegments(folded.begin(), folded.end(), kSame);
 }
 

@@ -10,9 +10,8 @@
 namespace platform {
 
 /// A pattern of LIKE, made once and matched against many texts. "%" stands for any run of characters, "_" for
-/// one character (a code point); every other character is itself, without regard to case in any script
-/// (simple case folding); accents count. A text with combining marks counts as its composed form. Ill-formed
-/// bytes count as U+FFFD.
+/// one character (a code point of the folded text); every other character is itself by the rule of fold.h, as
+/// for "=".
 class LikePattern {
   public:
     explicit LikePattern(std::string_view pattern);
@@ -27,11 +26,11 @@ class LikePattern {
     bool MatchSegments(Iterator begin, Iterator end, Same same) const;
 
     static constexpr char32_t kAny = 0xFFFFFFFF;
-    std::vector<Segment> segments_;  // the first begins the text, the last ends it
-    std::string ascii_;              // the folded literal of "%literal%", when that is plain ASCII
-    bool plain_ = false;             // ascii_ holds the whole pattern
-    bool foreign_ = false;           // a character beyond ASCII folds to one of ascii_
-    bool beyond_ = false;            // the pattern holds a character that no ASCII text has
+    std::vector<Segment> segments_;          // the first begins the text, the last ends it
+    std::string ascii_;                      // the folded literal of "%literal%", when that is plain ASCII
+    bool plain_ = false;                     // ascii_ holds the whole pattern
+    std::vector<std::string_view> foreign_;  // characters beyond ASCII that fold to one of ascii_
+    bool beyond_ = false;                    // the pattern holds a character that no ASCII text has
 };
 
 }  // namespace platform

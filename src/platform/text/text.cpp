@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/error.h"
+#include "platform/text/fold.h"
 
 namespace platform {
 
@@ -19,12 +20,8 @@ bool StartsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
 }
 
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-char AsciiLower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+char AsciiFold(char c) {
+    return static_cast<char>(kAsciiFolds[static_cast<unsigned char>(c)]);
 }
 
 // Index of the byte behind the first count characters.
@@ -97,10 +94,21 @@ std::string LCase(std::string_view text) {
     std::string result;
     if (IsAscii(text)) {
         result.resize(text.size());
-        std::transform(text.begin(), text.end(), result.begin(), AsciiLower);
+        std::transform(text.begin(), text.end(), result.begin(), AsciiFold);
     } else {
         Utf16(text).toLower(icu::Locale::getRoot()).toUTF8String(result);
     }
+    return result;
+}
+
+std::string UCase(std::string_view text) {
+    icu::UnicodeString upper;
+    const icu::UnicodeString given = Utf16(text);
+    for (std::int32_t i = 0; i < given.length(); i = given.moveIndex32(i, 1)) {
+        upper.append(u_toupper(given.char32At(i)));
+    }
+    std::string result;
+    upper.toUTF8String(result);
     return result;
 }
 
@@ -120,11 +128,15 @@ std::string Text(long number) {
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     const bool asciiEqual = std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                                       [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
+                                       [](char x, char y) { return AsciiFold(x) == AsciiFold(y); });
     if (asciiEqual || (IsAscii(a) && IsAscii(b))) {
         return asciiEqual;
     }
-    return Utf16(a).caseCompare(Utf16(b), U_FOLD_CASE_DEFAULT) == 0;
+    std::string left;
+    std::string right;
+    Fold(a, left);
+    Fold(b, right);
+    return left == right;
 }
 
 }  // namespace platform

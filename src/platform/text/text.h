@@ -37,6 +37,9 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
 /// Lower case in every script, by no language's special rules.
 std::string LCase(std::string_view text);
 
+/// Upper case, a letter for a letter: what has no single upper-case letter stays.
+std::string UCase(std::string_view text);
+
 /// Position of the first occurrence of what, compared exactly; 0 when there is none.
 std::size_t InStr(std::string_view text, std::string_view what);
 
@@ -46,7 +49,7 @@ std::size_t InStrRev(std::string_view text, std::string_view what);
 /// A number in decimal.
 std::string Text(long number);
 
-/// Whether two texts are equal but for case, in every script.
+/// Whether two texts are equal by the system's rule (fold.h): but for case, in every script.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
 }  // namespace platform

@@ -1,0 +1,54 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "qt/list_box_adapter.h"
+
+#include <QHeaderView>
+
+#include "qt/form_window.h"
+#include "qt/line_model.h"
+#include "qt/list_widget.h"
+#include "qt/owned.h"
+
+namespace qt {
+
+ListBoxAdapter::ListBoxAdapter(FormWindow& window, platform::ListBox& list)
+    : WidgetAdapter(window, list, Child<ListWidget>(ParentOf(window, list))),
+      list_(list),
+      widget_(static_cast<ListWidget*>(Widget())),
+      model_(Child<LineModel>(list, widget_)) {
+    widget_->setHeaderHidden(true);
+    widget_->setModel(model_);
+    QObject::connect(widget_, &ListWidget::Chosen, Context(),
+                     [this](int row) { Report([this, row] { list_.InputIndex(row); }); });
+}
+
+void ListBoxAdapter::Release() {
+    Adapter::Release();
+    model_->Detach();
+}
+
+void ListBoxAdapter::CarryOwn() {
+    if (lines_ != list_.LinesVersion()) {
+        lines_ = list_.LinesVersion();
+        model_->Reload();
+    }
+    QItemSelectionModel* const selection = widget_->selectionModel();
+    const int line = list_.ListIndex;
+    if (line >= 0) {
+        if (selection->currentIndex().row() != line ||
+            selection->selectedRows() != QModelIndexList{model_->index(line, 0)}) {
+            selection->setCurrentIndex(model_->index(line, 0),
+                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            widget_->scrollTo(model_->index(line, 0));
+        }
+        return;
+    }
+    selection->clearSelection();
+    // Readers of the screen need a current row wherever there are rows.
+    if (!selection->currentIndex().isValid() && model_->rowCount() > 0) {
+        selection->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+    }
+}
+
+}  // namespace qt
