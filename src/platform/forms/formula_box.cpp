@@ -60,7 +60,7 @@ void oFormula::Load(const platform::RichText& content, const std::string& rtf) {
 template <class F>
 void oFormula::Edit(F&& change) {
     Parent().Screen().Event([&] {
-        if (CanFocus() && !Locked) {
+        if (Reachable() && !Locked) {
             change();
             content_ = formula_.Content();
             Notify();
