@@ -1,7 +1,7 @@
 // Copyright (c) 2026 The Vemora developers
 // SPDX-License-Identifier: MIT
 
-// The real windows: the start against an empty window's, and the empty search with its memory.
+// The real windows: the start against an empty window's, the empty search with its memory, and typing.
 
 #include <sys/resource.h>
 
@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QProcess>
+#include <QTextEdit>
 #include <QTimer>
 #include <QTreeView>
 #include <QWidget>
@@ -106,8 +107,7 @@ void MeasureStart(const QString& self, const QString& folder) {
                 Median(empty), (Median(vemora) - derivation) / Median(empty), derivation);
 }
 
-void MeasureEmptySearch(int argc, char** argv, const std::filesystem::path& folder) {
-    QApplication application(argc, argv);
+void MeasureEmptySearch(const std::filesystem::path& folder) {
     qt::QtDesktop desktop([] { return std::string("English"); });
     vemora::Program program(desktop, folder);
     program.Main.Main();
@@ -140,6 +140,46 @@ void MeasureEmptySearch(int argc, char** argv, const std::filesystem::path& fold
     window.Unload();
 }
 
+struct FormulaWindow : platform::Form {
+    explicit FormulaWindow(platform::Desktop& desktop)
+        : Form(desktop, "frmFormula", {.ClientWidth = 4000, .ClientHeight = 1000}) {}
+    platform::oFormula Formula{*this, "oFormula1", {.Width = 4000, .Height = 345}};
+};
+
+// A key from its press to the picture. What it types is set up and down by the rule of formulas.
+double MeasureKey(QTextEdit& editor) {
+    std::vector<double> times;
+    for (const char key : std::string("K4[Fe(CN)6]H2SO4 CuSO4.5H2O Al2(SO4)3")) {
+        QElapsedTimer timer;
+        timer.start();
+        QApplication::postEvent(
+            &editor, new QKeyEvent(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar::fromLatin1(key))));
+        QApplication::processEvents();
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    return Median(times);
+}
+
+void MeasureFormulaKeys() {
+    qt::QtDesktop desktop([] { return std::string("English"); });
+    FormulaWindow window(desktop);
+    window.Show();
+    QTextEdit bare;
+    bare.setLineWrapMode(QTextEdit::NoWrap);
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->objectName() == "oFormula1") {
+            bare.resize(widget->size());
+            bare.show();
+            QApplication::processEvents();
+            const double ours = MeasureKey(static_cast<QTextEdit&>(*widget));
+            const double theirs = MeasureKey(bare);
+            std::printf("key typed in a formula|%.2f|%.2f|%.2f|\n", ours, theirs, ours / theirs);
+            break;
+        }
+    }
+    window.Unload();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -161,6 +201,8 @@ int main(int argc, char** argv) {
     }
     const std::filesystem::path folder = bench::ProgramFolder(mode);
     MeasureStart(QString::fromLocal8Bit(argv[0]), QString::fromStdString(folder.string()));
-    MeasureEmptySearch(argc, argv, folder);
+    QApplication application(argc, argv);
+    MeasureEmptySearch(folder);
+    MeasureFormulaKeys();
     return 0;
 }

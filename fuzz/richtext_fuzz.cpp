@@ -40,11 +40,9 @@ void Edit(std::string_view bytes) {
         }
         platform::FormulaText again(formula.Characters());
         again.ApplyRule();
-        if (platform::OneLine(pasted) != pasted || again.Characters() != formula.Characters()) {
-            std::abort();
-        }
         RequireStable(formula.Content());
-        if (platform::FormulaText(formula.Content()).Content() != formula.Content()) {
+        if (platform::OneLine(pasted) != pasted || again.Characters() != formula.Characters() ||
+            platform::FormulaText(formula.Content()).Content() != formula.Content()) {
             std::abort();
         }
     }

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <string>
 
 #include "support/shown.h"
@@ -82,34 +83,29 @@ TEST(RichText, WritesWhatItReadsBack) {
 }
 
 TEST(RichText, SetsFormulas) {
-    const struct {
-        const char* Formula;
-        const char* Shown;
-    } cases[] = {
-        {"H2SO4", "H_{2}SO_{4}"},
-        {"Ca(NO3)2", "Ca(NO_{3})_{2}"},
-        {"K3[Fe(CN)6]4", "K_{3}[Fe(CN)_{6}]_{4}"},
-        {"CuSO4·5H2O", "CuSO_{4}·5H_{2}O"},
-        {"CuSO4*5H2O", "CuSO_{4}*5H_{2}O"},
-        {"CuSO4.5H2O", "CuSO_{4}.5H_{2}O"},
-        {"CuSO4.5", "CuSO_{4.5}"},
-        {"Na2CO3-10H2O", "Na_{2}CO_{3}-10H_{2}O"},
-        {"2HCl 37%", "2HCl 37%"},
-        {"Fe0.95O", "Fe_{0.95}O"},
-        {"C10-C13", "C_{10}-C_{13}"},
-        {"C10–C13", "C_{10}–C_{13}"},
-        {"C10–13", "C_{10–13}"},
-        {"C6H6-2HCl", "C_{6}H_{6}-2HCl"},
-        {"1,2-C2H4Cl2", "1,2-C_{2}H_{4}Cl_{2}"},
-        {"R-134a", "R-134a"},
-        {"SO4^2-", "SO_{4}^{2-}"},
-        {"Na^+Cl^-", "Na^{+}Cl^{-}"},
-        {"Fe^3+(aq)^", "Fe^{3+}(aq)^"},
-        {"H2.", "H_{2}."},
-        {"", ""},
-    };
-    for (const auto& [formula, shown] : cases) {
-        EXPECT_EQ(test::Shown(FormulaRichText(formula)), shown);
+    for (const std::string shown : {"H_{2}SO_{4}",
+                                    "Ca(NO_{3})_{2}",
+                                    "K_{3}[Fe(CN)_{6}]_{4}",
+                                    "CuSO_{4}·5H_{2}O",
+                                    "CuSO_{4}*5H_{2}O",
+                                    "CuSO_{4}.5H_{2}O",
+                                    "CuSO_{4.5}",
+                                    "Na_{2}CO_{3}-10H_{2}O",
+                                    "2HCl 37%",
+                                    "Fe_{0.95}O",
+                                    "C_{10}-C_{13}",
+                                    "C_{10}–C_{13}",
+                                    "C_{10–13}",
+                                    "C_{6}H_{6}-2HCl",
+                                    "1,2-C_{2}H_{4}Cl_{2}",
+                                    "R-134a",
+                                    "SO_{4}^{2-}",
+                                    "Na^{+}Cl^{-}",
+                                    "Fe^{3+}(aq)^",
+                                    "H_{2}.",
+                                    ""}) {
+        const std::string typed = std::regex_replace(shown, std::regex("_?\\{|\\}"), "");
+        EXPECT_EQ(test::Shown(FormulaRichText(typed)), shown);
     }
 }
 
