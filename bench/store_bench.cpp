@@ -10,6 +10,7 @@
 #include <string>
 
 #include "app/program.h"
+#include "maintenance/record_window.h"
 #include "search/frmMain.h"
 #include "search/search_statement.h"
 #include "sheet/frmChemical.h"
@@ -109,6 +110,74 @@ void BareSheet(benchmark::State& state) {
     }
 }
 
+// Opening the window that keeps the chemicals: its list and its record set.
+void Keep(benchmark::State& state) {
+    auto& window = static_cast<vemora::RecordWindow&>(TheTurn().Program().Main.Windows.UChemicals());
+    for (auto _ : state) {
+        window.Load();
+        if (window.lst.ListCount() != bench::kChemicals) {
+            state.SkipWithError("another number of lines");
+        }
+        state.PauseTiming();
+        window.Unload();
+        state.ResumeTiming();
+    }
+}
+
+void BareKeep(benchmark::State& state) {
+    const bench::BareStore& store = TheTurn().Bare();
+    for (auto _ : state) {
+        if (store.ReadAll("SELECT * FROM Chemical ORDER BY NameEN") != bench::kChemicals) {
+            state.SkipWithError("another number of rows");
+        }
+    }
+}
+
+constexpr int kManyRows = 10'000;
+
+// Rows of a table that only the measure of a save needs, and that no other may meet.
+void ManyRows(bool present) {
+    TheTurn().Bare().ReadAll(
+        present
+            ? "INSERT INTO Misc (Name, Description) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+              "FROM n WHERE i < " +
+                  std::to_string(kManyRows) + ") SELECT 'Ämne ' || i * 7919 % 10007, 'Beskrivning' FROM n"
+            : "DELETE FROM Misc WHERE ID > 20");
+}
+
+// A new record saved: the look for one of the same name, the row, two refreshes of the list.
+void Save(benchmark::State& state) {
+    ManyRows(true);
+    auto& window = static_cast<vemora::RecordWindow&>(TheTurn().Program().Main.Windows.UMisc());
+    window.Show(platform::vbModal);
+    int number = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        window.cmdAdd.InputClick();
+        window.txtFields(1).InputText("Nytt " + std::to_string(++number) + ".");
+        state.ResumeTiming();
+        window.cmdUpdate.InputClick();
+        if (window.lst.ListCount() != kManyRows + 20 + number) {
+            state.SkipWithError("another number of lines");
+        }
+    }
+    window.Unload();
+    ManyRows(false);
+}
+
+void BareSave(benchmark::State& state) {
+    ManyRows(true);
+    const bench::BareStore& store = TheTurn().Bare();
+    for (auto _ : state) {
+        for (int i = 0; i < 2; ++i) {
+            if (store.ReadAll("SELECT * FROM Misc ORDER BY Name") != kManyRows + 20) {
+                state.SkipWithError("another number of rows");
+            }
+        }
+    }
+    ManyRows(false);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -127,6 +196,10 @@ int main(int argc, char** argv) {
     add("empty search (bare)", [](benchmark::State& s) { BareSearch(s, "", bench::kChemicals); });
     add("sheet, 2000 rows", Sheet);
     add("sheet, 2000 rows (bare)", BareSheet);
+    add("chemicals to keep", Keep);
+    add("chemicals to keep (bare)", BareKeep);
+    add("a new record among 10000", Save);
+    add("a new record among 10000 (bare)", BareSave);
     benchmark::RunSpecifiedBenchmarks();
     TheTurn().Bare();
     return EXIT_SUCCESS;

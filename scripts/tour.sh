@@ -116,6 +116,8 @@ tour() {
     keys Tab Tab Escape
     wait_for "its end" one_window "$word"
 
+    keep "$language" "$word"
+
     keys alt+F4
     wait_for "the program's end" ended
     wait "$program" || fail "the program ended with status $?"
@@ -123,6 +125,48 @@ tour() {
     [ ! -e "$folder/Vemora.mdb-wal" ] || fail "the database was not closed in order"
     [ -s "$work/$language.log" ] && fail "the program complained: $(cat "$work/$language.log")"
     return 0
+}
+# Opens each window that keeps records, by its letters in the menu, and closes it with Esc.
+open_from_menu() {
+    keys "alt+$1" "$2"
+    wait_for "the window $3" active_is "$3"
+}
+keep() {
+    local language=$1 word=$2 menu entries entry letter title main_title
+    main_title=$(xdotool getwindowname "$(window "$word")")
+    case "$language" in
+        Svenska) menu=u entries="n=Koncentrationer t=Temperatur m=Metall p=Plast g=Tätning r=Övrigt" ;;
+        English) menu=m entries="n=Concentrations t=Temperature m=Metal p=Plastic s=Seal o=Other" ;;
+    esac
+    for entry in $entries; do
+        letter=${entry%%=*} title=${entry#*=}
+        open_from_menu "$menu" "$letter" "$title"
+        keys Down Down
+        picture "$language-5-${title/ä/a}"
+        keys Escape
+        wait_for "the end of $title" active_is "$main_title"
+    done
+
+    # A chemical of one's own: its formula and its name are typed, and the search finds it.
+    [ "$language" = English ] || return 0
+    open_from_menu m c Chemicals
+    keys alt+n
+    xdotool type --delay 40 "C2H5SO4-"
+    keys Tab
+    xdotool type --delay 20 "tourolja"
+    keys Tab
+    xdotool type --delay 20 "Tour oil"
+    picture "$language-6-new"
+    keys alt+s
+    wait_for "the list again" settled
+    picture "$language-6-chemicals"
+    keys Escape
+    wait_for "the end of the chemicals" active_is "$main_title"
+    keys shift+Tab shift+Tab shift+Tab
+    xdotool type --delay 20 "tour oil"
+    keys Return
+    wait_for "the hits" settled
+    picture "$language-7-own"
 }
 settled() { sleep 0.3; }
 main=
