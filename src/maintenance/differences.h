@@ -36,9 +36,9 @@ struct Difference {
     /// Opening moves to the first row even of an empty table, and fails there.
     bool MoveFirstAlways;
     /// The test for a record that is there already: the text of a box between two pieces of a statement.
-    const char* FinnsBegin;
-    int FinnsBox;
-    const char* FinnsEnd;
+    const char* DuplicateBegin;
+    int DuplicateBox;
+    const char* DuplicateEnd;
     const char* DuplicateKey;
     /// Key of the class that GetEgen is asked about.
     const char* ClassKey;

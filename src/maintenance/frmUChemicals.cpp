@@ -3,6 +3,8 @@
 
 #include "maintenance/frmUChemicals.h"
 
+#include <array>
+
 #include "platform/text/text.h"
 
 namespace vemora {
@@ -12,55 +14,52 @@ namespace msg = platform::msg;
 namespace {
 
 // Three columns of languages beside the list.
-constexpr int kColumn1 = 3900;
-constexpr int kColumn2 = 7350;
-constexpr int kColumn3 = 10800;
-constexpr int kColumnWidth = 3330;
+constexpr int kWidth = 3330;
+constexpr std::array<int, 3> kColumns = {3900, 7350, 10800};
 
-platform::Design LabelAt(int left, int top, const char* key) {
-    return {.Left = left, .Top = top, .Width = kColumnWidth, .Height = 255, .Tag = key};
+platform::Design Label(int column, int top, const char* key) {
+    return RecordLayout::LabelAt(top, key, kColumns[static_cast<std::size_t>(column)], kWidth);
 }
 
-platform::Design BoxAt(int left, int top) {
-    return {.Left = left, .Top = top, .Width = kColumnWidth, .Height = 345, .Locked = true};
+platform::Design Box(int column, int top) {
+    return RecordLayout::BoxAt(top, kColumns[static_cast<std::size_t>(column)], kWidth);
 }
 
-platform::Design NoteAt(int left, int top) {
-    return {
-        .Left = left, .Top = top, .Width = kColumnWidth, .Height = 2640, .Locked = true, .MultiLine = true};
+platform::Design Note(int column) {
+    platform::Design design = Box(column, 2835);
+    design.Height = 2640;
+    design.MultiLine = true;
+    return design;
 }
 
 }  // namespace
 
 frmUChemicals::frmUChemicals(mMain& main)
     : RecordWindow(main, kUChemicals,
-                   {.ClientWidth = kColumn3 + kColumnWidth + 120,
+                   {.ClientWidth = kColumns[2] + kWidth + 120,
                     .ClientHeight = 6120,
-                    .ListWidth = 3600,
-                    .Labels = {{11, LabelAt(120, 120, kUChemicals.ListLabelKey)},
-                               {0, {.Caption = "ID:", .Visible = false}},
-                               {1, LabelAt(kColumn1, 120, "R0155")},
-                               {2, LabelAt(kColumn1, 990, "R0236")},
-                               {3, LabelAt(kColumn2, 990, "R0235")},
-                               {4, LabelAt(kColumn3, 990, "R0234")},
-                               {10, LabelAt(kColumn1, 1770, "R0164")},
-                               {9, LabelAt(kColumn2, 1770, "R0163")},
-                               {8, LabelAt(kColumn3, 1770, "R0162")},
-                               {5, LabelAt(kColumn1, 2550, "R0159")},
-                               {6, LabelAt(kColumn2, 2550, "R0160")},
-                               {7, LabelAt(kColumn3, 2550, "R0161")}},
-                    .Boxes = {{0, {.Visible = false, .Locked = true}},
-                              {1, {.Visible = false, .Locked = true}},
-                              {2, BoxAt(kColumn1, 1275)},
-                              {3, BoxAt(kColumn2, 1275)},
-                              {4, BoxAt(kColumn3, 1275)},
-                              {10, BoxAt(kColumn1, 2055)},
-                              {9, BoxAt(kColumn2, 2055)},
-                              {8, BoxAt(kColumn3, 2055)},
-                              {5, NoteAt(kColumn1, 2835)},
-                              {6, NoteAt(kColumn2, 2835)},
-                              {7, NoteAt(kColumn3, 2835)},
-                              {11, {.Visible = false, .Locked = true}}},
+                    .Labels = {{0, RecordLayout::Hidden("ID:")},
+                               {1, Label(0, 120, "R0155")},
+                               {2, Label(0, 990, "R0236")},
+                               {3, Label(1, 990, "R0235")},
+                               {4, Label(2, 990, "R0234")},
+                               {10, Label(0, 1770, "R0164")},
+                               {9, Label(1, 1770, "R0163")},
+                               {8, Label(2, 1770, "R0162")},
+                               {5, Label(0, 2550, "R0159")},
+                               {6, Label(1, 2550, "R0160")},
+                               {7, Label(2, 2550, "R0161")}},
+                    .Boxes = {{1, RecordLayout::Hidden()},
+                              {2, Box(0, 1275)},
+                              {3, Box(1, 1275)},
+                              {4, Box(2, 1275)},
+                              {10, Box(0, 2055)},
+                              {9, Box(1, 2055)},
+                              {8, Box(2, 2055)},
+                              {5, Note(0)},
+                              {6, Note(1)},
+                              {7, Note(2)},
+                              {11, RecordLayout::Hidden()}},
                     .RefreshKey = "R0221"}) {
     PutBefore(oFormula1, txtFields(2));
     for (const auto& box : txtFields) {
@@ -101,7 +100,7 @@ void frmUChemicals::LåsFält(bool bVal) {
     RecordWindow::LåsFält(bVal);
 }
 
-void frmUChemicals::VisaSkydd() {
+void frmUChemicals::PrövaSkydd() {
     if (txtFields(0).Text->empty()) {
         cmdEdit.Enabled = false;
     } else {

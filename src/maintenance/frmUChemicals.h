@@ -33,7 +33,7 @@ class frmUChemicals final : public RecordWindow {
     void Form_Unload() override;
     void VisaPost() override;
     void LåsFält(bool bVal) override;
-    void VisaSkydd() override;
+    void PrövaSkydd() override;
     void LäggTill() override;
     void SkrivFält() override;
     bool BlirEgen() const override { return Main.IsSkyddat(); }

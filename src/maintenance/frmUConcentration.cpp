@@ -9,24 +9,14 @@ namespace vemora {
 
 frmUConcentration::frmUConcentration(mMain& main)
     : RecordWindow(main, kUConcentration,
-                   {.ClientWidth = 8400,
-                    .ClientHeight = 5400,
-                    .ListWidth = 3600,
-                    .Labels = {{11,
-                                {.Left = 120,
-                                 .Top = 120,
-                                 .Width = 3600,
-                                 .Height = 255,
-                                 .Tag = kUConcentration.ListLabelKey}},
-                               {2, {.Left = 3900, .Top = 120, .Width = 4380, .Height = 255, .Tag = "R0249"}},
-                               {3, {.Left = 3900, .Top = 900, .Width = 4380, .Height = 255, .Tag = "R0248"}},
-                               {4, {.Left = 3900, .Top = 1680, .Width = 4380, .Height = 255, .Tag = "R0247"}},
-                               {5, {.Visible = false}}},
-                    .Boxes = {{0, {.Visible = false, .Locked = true}},
-                              {1, {.Left = 3900, .Top = 405, .Width = 4380, .Height = 345, .Locked = true}},
-                              {2, {.Left = 3900, .Top = 1185, .Width = 4380, .Height = 345, .Locked = true}},
-                              {3, {.Left = 3900, .Top = 1965, .Width = 4380, .Height = 345, .Locked = true}},
-                              {4, {.Visible = false, .Locked = true}}},
+                   {.Labels = {{2, RecordLayout::LabelAt(120, "R0249")},
+                               {3, RecordLayout::LabelAt(900, "R0248")},
+                               {4, RecordLayout::LabelAt(1680, "R0247")},
+                               {5, RecordLayout::Hidden()}},
+                    .Boxes = {{1, RecordLayout::BoxAt(405)},
+                              {2, RecordLayout::BoxAt(1185)},
+                              {3, RecordLayout::BoxAt(1965)},
+                              {4, RecordLayout::Hidden()}},
                     .RefreshKey = "R0221"}) {}
 
 // The three labels are one text, whose colon gives way to the language.

@@ -6,19 +6,11 @@
 namespace vemora {
 
 MaterialWindow::MaterialWindow(mMain& main, const Difference& difference, const char* refreshKey)
-    : RecordWindow(
-          main, difference,
-          {.ClientWidth = 8400,
-           .ClientHeight = 5400,
-           .ListWidth = 3600,
-           .Labels =
-               {{11, {.Left = 120, .Top = 120, .Width = 3600, .Height = 255, .Tag = difference.ListLabelKey}},
-                {0, {.Caption = "ID:", .Visible = false}},
-                {1, {.Left = 3900, .Top = 120, .Width = 4380, .Height = 255, .Tag = "R0260"}},
-                {2, {.Left = 3900, .Top = 900, .Width = 4380, .Height = 255, .Tag = "R0249"}}},
-           .Boxes = {{0, {.Visible = false, .Locked = true}},
-                     {1, {.Left = 3900, .Top = 405, .Width = 4380, .Height = 345, .Locked = true}},
-                     {2, {.Left = 3900, .Top = 1185, .Width = 4380, .Height = 345, .Locked = true}}},
-           .RefreshKey = refreshKey}) {}
+    : RecordWindow(main, difference,
+                   {.Labels = {{0, RecordLayout::Hidden("ID:")},
+                               {1, RecordLayout::LabelAt(120, "R0260")},
+                               {2, RecordLayout::LabelAt(900, "R0249")}},
+                    .Boxes = {{1, RecordLayout::BoxAt(405)}, {2, RecordLayout::BoxAt(1185)}},
+                    .RefreshKey = refreshKey}) {}
 
 }  // namespace vemora

@@ -15,20 +15,12 @@ constexpr const char* kUnit = "ºC";
 }  // namespace
 
 frmUTemperature::frmUTemperature(mMain& main)
-    : RecordWindow(
-          main, kUTemperature,
-          {.ClientWidth = 8400,
-           .ClientHeight = 5400,
-           .ListWidth = 3600,
-           .Labels =
-               {{11,
-                 {.Left = 120, .Top = 120, .Width = 3600, .Height = 255, .Tag = kUTemperature.ListLabelKey}},
-                {2, {.Left = 3900, .Top = 120, .Width = 4380, .Height = 255, .Tag = "R0249"}},
-                {0, {.Left = 5820, .Top = 465, .Width = 600, .Height = 255, .Caption = kUnit}},
-                {3, {.Caption = "Värde:", .Visible = false}}},
-           .Boxes = {{0, {.Visible = false, .Locked = true}},
-                     {1, {.Left = 3900, .Top = 405, .Width = 1800, .Height = 345, .Locked = true}},
-                     {2, {.Visible = false, .Locked = true}}}}) {
+    : RecordWindow(main, kUTemperature,
+                   {.Labels = {{2, RecordLayout::LabelAt(120, "R0249")},
+                               {0, {.Left = 5820, .Top = 465, .Width = 600, .Height = 255, .Caption = kUnit}},
+                               {3, RecordLayout::Hidden("Värde:")}},
+                    .Boxes = {{1, RecordLayout::BoxAt(405, RecordLayout::kColumn, 1800)},
+                              {2, RecordLayout::Hidden()}}}) {
     txtFields.Bind(&platform::TextBox::Change, [this](int Index) { txtFields_Change(Index); });
 }
 

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kMargin = 120;
 constexpr int kListTop = 405;
+constexpr int kListWidth = 3600;
 constexpr int kStripHeight = 405;
 constexpr int kButtonWidth = 1335;
 
@@ -30,6 +31,13 @@ platform::Design Button(int place, const char* key, platform::Control& strip, pl
     return more;
 }
 
+template <class Member>
+std::vector<Member> With(Member first, const std::vector<Member>& others) {
+    std::vector<Member> all = {std::move(first)};
+    all.insert(all.end(), others.begin(), others.end());
+    return all;
+}
+
 }  // namespace
 
 RecordWindow::RecordWindow(mMain& main, const Difference& difference, RecordLayout layout)
@@ -41,13 +49,15 @@ RecordWindow::RecordWindow(mMain& main, const Difference& difference, RecordLayo
               .KeyPreview = true}),
       difference_(difference),
       layout_(std::move(layout)),
-      lblLabels(*this, "lblLabels", layout_.Labels),
+      lblLabels(*this, "lblLabels",
+                With({11, RecordLayout::LabelAt(kMargin, difference.ListLabelKey, kMargin, kListWidth)},
+                     layout_.Labels)),
       lst(*this, difference.List,
           {.Left = kMargin,
            .Top = kListTop,
-           .Width = layout_.ListWidth,
+           .Width = kListWidth,
            .Height = layout_.ClientHeight - kListTop - kStripHeight - 2 * kMargin}),
-      txtFields(*this, "txtFields", layout_.Boxes),
+      txtFields(*this, "txtFields", With({0, RecordLayout::Hidden()}, layout_.Boxes)),
       picButtons(*this, "picButtons",
                  {.Left = kMargin,
                   .Top = layout_.ClientHeight - kStripHeight - kMargin,
@@ -149,7 +159,7 @@ void RecordWindow::SättKnappar(bool bVal) {
     cmdCancel.Visible = !bVal;
     cmdDelete.Visible = bVal;
     cmdClose.Visible = bVal;
-    VisaSkydd();
+    PrövaSkydd();
     if (!Main.IsSkyddat()) {
         cmdEdit.Enabled = true;
     }
@@ -162,7 +172,7 @@ void RecordWindow::LåsFält(bool bVal) {
     }
 }
 
-void RecordWindow::VisaSkydd() {
+void RecordWindow::PrövaSkydd() {
     if (txtFields(0).Text->empty()) {
         cmdEdit.Enabled = false;
         return;
@@ -202,8 +212,8 @@ void RecordWindow::cmdEdit_Click() {
     });
 }
 
-// Each step runs, whatever became of the one before. The list is still disabled when it is to get the focus:
-// that step always fails.
+// Each step runs, whatever became of the one before. The list can only get the focus where the selection of
+// a line has enabled it.
 void RecordWindow::cmdCancel_Click() {
     const auto ändå = [](const auto& steg) {
         try {
@@ -253,7 +263,8 @@ void RecordWindow::SkrivFält() {
 bool RecordWindow::FinnsRedan() {
     try {
         Recordset rs;
-        rs.Open(difference_.FinnsBegin + txtFields(difference_.FinnsBox).Text.Get() + difference_.FinnsEnd,
+        rs.Open(difference_.DuplicateBegin + txtFields(difference_.DuplicateBox).Text.Get() +
+                    difference_.DuplicateEnd,
                 *gCn, ado::adOpenForwardOnly, ado::adLockReadOnly);
         return !rs.Eof();
     } catch (const Error& error) {

@@ -13,15 +13,28 @@
 
 namespace vemora {
 
-/// Where a maintenance window has what all of them have, in twips.
+/// Where a maintenance window has what isn't alike in all of them, in twips.
 struct RecordLayout {
-    int ClientWidth = 0;
-    int ClientHeight = 0;
-    int ListWidth = 0;
+    int ClientWidth = 8400;
+    int ClientHeight = 5400;
+    /// Beside the list's own, 11.
     std::vector<platform::ControlArray<platform::Label>::Member> Labels = {};
-    /// The text boxes; box 0 holds the ID and is never seen.
+    /// Beside box 0, which holds the ID and is never seen.
     std::vector<platform::ControlArray<platform::TextBox>::Member> Boxes = {};
     const char* RefreshKey = "";
+
+    /// Left edge and width of the one column of labels and boxes beside the list.
+    static constexpr int kColumn = 3900;
+    static constexpr int kColumnWidth = 4380;
+    static platform::Design LabelAt(int top, const char* key, int left = kColumn, int width = kColumnWidth) {
+        return {.Left = left, .Top = top, .Width = width, .Height = 255, .Tag = key};
+    }
+    static platform::Design BoxAt(int top, int left = kColumn, int width = kColumnWidth) {
+        return {.Left = left, .Top = top, .Width = width, .Height = 345, .Locked = true};
+    }
+    static platform::Design Hidden(const char* caption = "") {
+        return {.Caption = caption, .Visible = false, .Locked = true};
+    }
 };
 
 /// A window that keeps one table: looks through its records, adds, changes and deletes. Browsing and editing
@@ -60,7 +73,7 @@ class RecordWindow : public Window {
     virtual void VisaPost();
     virtual void LåsFält(bool bVal);
     /// Whether the record whose ID box 0 holds may be changed.
-    virtual void VisaSkydd();
+    virtual void PrövaSkydd();
     virtual void LäggTill();
     virtual void SkrivFält();
     /// The Egen that a save writes.

@@ -97,7 +97,8 @@ void FormWindow::MakeWidgets() {
     QWidget* previous = nullptr;
     for (const platform::Control* control : order) {
         const Adapter* const adapter = AdapterOf(*control);
-        if (adapter != nullptr && adapter->Widget() != nullptr && control->TakesFocus()) {
+        if (adapter != nullptr && adapter->Widget() != nullptr &&
+            adapter->Widget()->focusPolicy() != Qt::NoFocus) {
             if (previous != nullptr) {
                 setTabOrder(previous, adapter->Widget());
             }

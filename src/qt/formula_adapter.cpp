@@ -19,6 +19,7 @@ FormulaAdapter::FormulaAdapter(FormWindow& window, platform::oFormula& formula)
     : WidgetAdapter(window, formula, Child<FormulaWidget>(ParentOf(window, formula))),
       formula_(formula),
       widget_(static_cast<FormulaWidget*>(Widget())) {
+    widget_->setFocusPolicy(Qt::StrongFocus);  // has its place for the Tab key also while it is locked
     QObject::connect(widget_, &QTextEdit::textChanged, Context(), [this] { Edited(); });
     QObject::connect(widget_, &QTextEdit::cursorPositionChanged, Context(), [this] { CaretMoved(); });
 }

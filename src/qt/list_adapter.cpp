@@ -125,20 +125,7 @@ void ListViewAdapter::CarrySelection() {
         CarrySeveral();
         return;
     }
-    QItemSelectionModel* const selection = widget_->selectionModel();
-    const int place = list_.SelectedIndex();
-    if (place >= 0) {
-        const QModelIndex row = model_->index(place, 0);
-        if (selection->currentIndex().row() != place || selection->selectedRows() != QModelIndexList{row}) {
-            selection->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-        }
-        return;
-    }
-    selection->clearSelection();
-    // Readers of the screen need a current row wherever there are rows.
-    if (!selection->currentIndex().isValid() && model_->rowCount() > 0) {
-        selection->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
-    }
+    widget_->SelectOnly(list_.SelectedIndex());
 }
 
 }  // namespace qt

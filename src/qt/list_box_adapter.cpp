@@ -33,22 +33,7 @@ void ListBoxAdapter::CarryOwn() {
         lines_ = list_.LinesVersion();
         model_->Reload();
     }
-    QItemSelectionModel* const selection = widget_->selectionModel();
-    const int line = list_.ListIndex;
-    if (line >= 0) {
-        if (selection->currentIndex().row() != line ||
-            selection->selectedRows() != QModelIndexList{model_->index(line, 0)}) {
-            selection->setCurrentIndex(model_->index(line, 0),
-                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-            widget_->scrollTo(model_->index(line, 0));
-        }
-        return;
-    }
-    selection->clearSelection();
-    // Readers of the screen need a current row wherever there are rows.
-    if (!selection->currentIndex().isValid() && model_->rowCount() > 0) {
-        selection->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
-    }
+    widget_->SelectOnly(list_.ListIndex);
 }
 
 }  // namespace qt

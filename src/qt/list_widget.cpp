@@ -4,6 +4,7 @@
 #include "qt/list_widget.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
@@ -77,6 +78,38 @@ void ListWidget::selectionChanged(const QItemSelection& selected, const QItemSel
         emit Chosen(rows.isEmpty()                       ? -1
                     : selectionMode() == SingleSelection ? rows.front().row()
                                                          : currentIndex().row());
+    }
+}
+
+void ListWidget::SelectOnly(int row) {
+    QItemSelectionModel* const selection = selectionModel();
+    if (row >= 0) {
+        const QModelIndex index = model()->index(row, 0);
+        if (currentIndex().row() != row || selection->selectedRows() != QModelIndexList{index}) {
+            selection->setCurrentIndex(index,
+                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            scrollTo(index);
+        }
+        return;
+    }
+    selection->clearSelection();
+    // Readers of the screen need a current row wherever there are rows.
+    if (!currentIndex().isValid() && model()->rowCount() > 0) {
+        selection->setCurrentIndex(model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    }
+}
+
+// With nothing selected the arrows begin at the current row, which nobody sees, instead of leaving it.
+void ListWidget::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool towards =
+        key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_Home || key == Qt::Key_PageUp;
+    if (towards && currentIndex().isValid() && !selectionModel()->hasSelection()) {
+        selectionModel()->select(currentIndex(),
+                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        scrollTo(currentIndex());
+    } else {
+        QTreeView::keyPressEvent(event);
     }
 }
 

@@ -13,6 +13,8 @@ class ListWidget final : public QTreeView {
 
   public:
     explicit ListWidget(QWidget* parent);
+    /// Selects this row alone and brings it into sight; none for -1.
+    void SelectOnly(int row);
 
   signals:
     /// A row has been selected, or has been clicked again; -1 when none is selected any more.
@@ -25,6 +27,7 @@ class ListWidget final : public QTreeView {
   protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
