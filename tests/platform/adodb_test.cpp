@@ -207,7 +207,7 @@ TEST_F(Adodb, WritesThroughTheOriginOfAColumn) {
     key.Update();
     key["TheValue"] = "-";
     key.Update();
-    EXPECT_EQ(Ask("SELECT * FROM relMetal WHERE MetalID = 1"), "345|12|7|1|-|0");
+    EXPECT_EQ(Ask("SELECT TempID, MetalID, TheValue FROM relMetal ORDER BY MetalID"), "7|1|-/6|2| /7|3|-");
     key["TempID"] = 6;
     key["MetalID"] = 2;
     EXPECT_EQ(ErrorOf([&] { key.Update(); }), errors::StoreFailed);  // there is such a row
