@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
@@ -18,6 +19,7 @@
 #include <tuple>
 
 #include "app/program.h"
+#include "maintenance/record_window.h"
 #include "qt/clipping.h"
 #include "qt/desktop.h"
 #include "sheet/frmChemical.h"
@@ -136,6 +138,33 @@ TEST_P(EveryText, FitsItsPlace) {
     main->close();
 }
 
+TEST_P(EveryText, OfTheWindowsBehindTheMenuFits) {
+    Shown run(std::get<0>(GetParam()));
+    QWidget* main = run.Start();
+    ASSERT_NE(main, nullptr);
+    vemora::Windows& all = run.Program.Main.Windows;
+    std::vector<vemora::Windows::Any*> windows = {&all.UTight};
+    if (std::get<0>(GetParam()) != "Deutsch") {
+        windows.insert(windows.end(), {&all.UChemicals, &all.UConcentration, &all.UTemperature, &all.UMetal,
+                                       &all.UPlast, &all.UMisc, &all.URelations, &all.Inställningar});
+    }
+    for (vemora::Windows::Any* window : windows) {
+        platform::Form& form = (*window)();
+        WhileUp(form.Name().c_str(), [&](QWidget* shown) {
+            run.ExpectWhole(shown, form.Name().c_str());
+            if (auto* record = dynamic_cast<vemora::RecordWindow*>(&form)) {
+                record->lst.InputIndex(0);
+                record->cmdAdd.InputClick();
+                run.ExpectWhole(shown, "the same while a record is added");
+                record->cmdCancel.InputClick();
+            }
+            shown->close();
+        });
+        form.Show(platform::vbModal);
+    }
+    main->close();
+}
+
 TEST_P(EveryText, OfTheLanguageChoiceFits) {
     Shown run("");
     WhileUp("frmLang", [&](QWidget* window) {
@@ -189,6 +218,55 @@ TEST(RealWindows, SearchOpenNarrowCopyAndCloseByKeyboard) {
     EXPECT_EQ(WindowNamed("frmChemical"), nullptr);
     main->close();
     EXPECT_EQ(run.Program.Main.gCn, nullptr);
+}
+
+TEST(RealWindows, AChemicalIsAddedByKeyboardAndTheEditModeOpened) {
+    Shown run("English");
+    QWidget* main = run.Start();
+    ASSERT_NE(main, nullptr);
+    const auto key = [](Qt::Key code, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(QApplication::focusWidget(), code, with);
+        QApplication::processEvents();
+    };
+    auto& chemicals = dynamic_cast<vemora::RecordWindow&>(run.Program.Main.Windows.UChemicals());
+    std::vector<std::string> way;
+    const auto focus = [&] { way.push_back(QApplication::focusWidget()->objectName().toStdString()); };
+    WhileUp("frmUChemicals", [&](QWidget* window) {
+        auto* list = Child<QWidget>(window, "lstChemicals");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == list; }));
+        key(Qt::Key_Down);  // from nothing to the first line
+        EXPECT_EQ(chemicals.lst.ListIndex, 0);
+        key(Qt::Key_N, Qt::AltModifier);
+        focus();
+        QTest::keyClicks(QApplication::focusWidget(), "H2SO4");
+        key(Qt::Key_Tab);
+        focus();
+        QTest::keyClicks(QApplication::focusWidget(), "provsyra");
+        key(Qt::Key_E, Qt::AltModifier);  // lies under Cancel
+        key(Qt::Key_Tab);
+        focus();
+        key(Qt::Key_S, Qt::AltModifier);
+        focus();
+        EXPECT_EQ(chemicals.lst.ListCount(), 6);
+        EXPECT_FALSE(run.Program.Main.gRedigeraAllt);
+        Child<QWidget>(window, "cmdClose")->setFocus();
+        WhileUp([] { return qobject_cast<QInputDialog*>(QApplication::activeModalWidget()); },
+                [](QWidget* box) {
+                    auto* line = box->findChild<QLineEdit*>();
+                    QTest::keyClicks(line, "ordaK");
+                    QTest::keyClick(line, Qt::Key_Return);
+                });
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Alt, Qt::AltModifier);
+        EXPECT_TRUE(run.Program.Main.gRedigeraAllt);
+    });
+    chemicals.Show(platform::vbModal);
+    EXPECT_EQ(way, (std::vector<std::string>{"oFormula1", "txtFields(2)", "txtFields(3)", "lstChemicals"}));
+    platform::adodb::Recordset rs;
+    rs.Open("SELECT NameSE, Formula, FormulaRTF FROM Chemical WHERE ID = 6", *run.Program.Main.gCn);
+    EXPECT_EQ(rs["NameSE"].Text() + rs["Formula"].Text(), "ProvsyraH2SO4");
+    EXPECT_NE(rs["FormulaRTF"].Text().find("{\\sub 4}"), std::string::npos);
+    rs.Close();
+    main->close();
 }
 
 TEST(RealWindows, TabPassesByWhatLiesOutsideDoubleClickOpensAndTheCloseButtonCloses) {
