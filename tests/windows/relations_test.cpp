@@ -1,0 +1,262 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include "relations/frmURelations.h"
+#include "support/session.h"
+
+namespace vemora {
+namespace {
+
+using test::Choose;
+using test::Session;
+using test::Strings;
+
+constexpr const char* kClasses[] = {"Metal", "Plast", "Tight", "Misc"};
+
+// In each class three materials take part, without a row, with a supplied one and with one of the user's own.
+std::string ThreeMaterials() {
+    std::string sql;
+    for (const std::string name : kClasses) {
+        sql += "DELETE FROM rel" + name + "; UPDATE " + name + " SET Med = 0; INSERT INTO " + name +
+               "(ID, Name, Description, NameEN) VALUES (11, 'a', 'x', 'c'), (12, 'b', 'y', 'b'), "
+               "(13, 'c', 'z', 'a'); INSERT INTO rel" +
+               name + "(ChemID, ConcID, TempID, " + name +
+               "ID, TheValue, Egen) VALUES (1, 1, 1, 12, '-', 0), (1, 1, 1, 13, '0', -1), (2, 3, 1, 11, '+', "
+               "-1);";
+    }
+    return sql;
+}
+
+/// The window over the sample rows, with what the user has chosen.
+class Relations : public testing::Test {
+  protected:
+    explicit Relations(const std::string& language = "Svenska") : Run(language) {
+        Run.Folder.Change(ThreeMaterials());
+        Run.Start();
+    }
+    void Open(const std::function<void()>& piece) {
+        Run.Desktop.WhileModal<frmURelations>([&](frmURelations& shown) {
+            W = &shown;
+            piece();
+            shown.cmdClose.InputClick();
+        });
+        Run.Main().mnuURelations.InputClick();
+    }
+    void ChooseAll(const std::string& concentration = "10 %") {
+        for (int i = 0; i < W->lstChemicals.ListCount(); ++i) {
+            if (W->lstChemicals.ItemData(i) == 1) {
+                W->lstChemicals.InputIndex(i);
+            }
+        }
+        Choose(W->cboConc, concentration);
+        Choose(W->cboTemp, "20ºC");
+    }
+    platform::ListView& List(int tab) {
+        platform::ListView* const lists[] = {&W->lvwMetal, &W->lvwPlast, &W->lvwTight, &W->lvwMisc};
+        return *lists[tab];
+    }
+    void Click(int tab, int row) {
+        List(tab).InputSelect(row);
+        List(tab).InputClick();
+    }
+    /// L and R for the buttons that are enabled, S and E for the marks that are seen, and the value's sign.
+    std::string State() {
+        std::string state = W->cmdKoppla(0).Enabled ? "L" : "";
+        state += W->cmdKoppla(1).Enabled ? "R" : "";
+        state += W->txtKopplad.Visible ? "S" : "";
+        state += W->txtEgen.Visible ? "E" : "";
+        return state + W->cboVärde.Text().substr(0, 1);
+    }
+    /// Every row of every table.
+    Strings All() {
+        Strings rows;
+        for (const std::string table : {"Chemical", "Conc", "Temp", "Metal", "Plast", "Tight", "Misc",
+                                        "relMetal", "relPlast", "relTight", "relMisc"}) {
+            platform::adodb::Recordset rs;
+            for (rs.Open("SELECT * FROM " + table, *Run.Core.gCn); !rs.Eof(); rs.MoveNext()) {
+                std::string row = table;
+                for (const std::string& field : rs.FieldNames()) {
+                    row += "|" + rs[field].Joined();
+                }
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    }
+    /// What is in one list of rows and not in the other.
+    static Strings Less(const Strings& from, const Strings& what) {
+        Strings left;
+        std::copy_if(from.begin(), from.end(), std::back_inserter(left), [&](const std::string& row) {
+            return std::find(what.begin(), what.end(), row) == what.end();
+        });
+        return left;
+    }
+
+    Session Run;
+    frmURelations* W = nullptr;
+};
+
+// What protects a supplied row is the buttons alone, and the four lists do it differently.
+TEST_F(Relations, ProtectsLinksAndRemovesAsTheListsDo) {
+    const struct {
+        int Row;
+        const char *Clicked, *Chosen, *MiscClicked, *MiscChosen, *Linked;
+        Strings Written;
+    } cases[] = {
+        {0, "", "L+", "L", "L+", "E", {"11|+|-1"}},
+        {1, "S-", "LRS+", "RS-", "LRS+", "SE", {"12|+|-1"}},
+        {2, "LRE0", "LRE+", "LE0", "LE+", "E", {"13|+|-1"}},
+    };
+    Open([&] {
+        ChooseAll();
+        const Strings before = All();
+        for (int tab = 3; tab >= 0; --tab) {
+            W->SSTab1.InputTab(tab);
+            for (const auto& c : cases) {
+                SCOPED_TRACE(std::string(kClasses[tab]) + " " + std::to_string(c.Row));
+                Click(tab, c.Row);
+                EXPECT_EQ(State(), tab == 3 ? c.MiscClicked : c.Clicked);
+                Choose(W->cboVärde, "+");
+                EXPECT_EQ(State(), tab == 3 ? c.MiscChosen : c.Chosen);
+                W->cmdKoppla(0).InputClick();
+                EXPECT_EQ(State().substr(State().find_first_of("SE")), c.Linked + std::string("+"));
+                const std::string row = std::string("rel") + kClasses[tab] + "|1|1|1|" + c.Written[0];
+                EXPECT_EQ(Less(All(), before), Strings{row});
+                // Whatever it was, it is the user's own now, and what is removed is that row alone.
+                W->cmdKoppla(1).Enabled = true;
+                W->cmdKoppla(1).InputClick();
+                EXPECT_EQ(State().find_first_of("SE"), std::string::npos);
+                EXPECT_EQ(Less(All(), before), Strings{});
+                EXPECT_EQ(Less(before, All()).size(), c.Row == 0 ? 0U : 1U);
+                // Pressed once more, there is nothing to be built.
+                W->cmdKoppla(1).InputClick();
+                EXPECT_EQ(Run.Boxes(),
+                          Strings{Run.Report(-2147217900, "cmdKoppla_Click in Form frmURelations")});
+                Run.Change(c.Row == 0 ? "DELETE FROM relMisc WHERE ChemID = 99"
+                                      : std::string("INSERT INTO rel") + kClasses[tab] +
+                                            " (ChemID, ConcID, TempID, " + kClasses[tab] +
+                                            "ID, TheValue, Egen) VALUES (1, 1, 1, " +
+                                            (c.Row == 1 ? "12, '-', 0)" : "13, '0', -1)"));
+                EXPECT_EQ(All(), before);
+            }
+        }
+    });
+}
+
+TEST_F(Relations, AskForWhatIsMissingOneByOne) {
+    Open([&] {
+        const auto press = [&](int button, const char* key, const platform::Control& focus) {
+            W->cmdKoppla(button).Enabled = true;
+            W->cmdKoppla(button).InputClick();
+            EXPECT_EQ(Run.Boxes(), Strings{"[48 Vemora] " + Run.T(key)});
+            EXPECT_EQ(W->ActiveControl(), &focus);
+        };
+        EXPECT_EQ(State(), "L");
+        EXPECT_FALSE(W->SSTab1.Enabled);
+        press(0, "R0087", W->lstChemicals);
+        W->lstChemicals.InputIndex(1);
+        press(1, "R0088", W->cboConc);
+        Choose(W->cboConc, "10 %");
+        EXPECT_FALSE(W->SSTab1.Enabled);
+        press(0, "R0089", W->cboTemp);
+        Choose(W->cboTemp, "20ºC");
+        EXPECT_TRUE(W->SSTab1.Enabled);
+        const char* keys[] = {"R0090", "R0091", "R0092", "R0093"};
+        for (int tab : {1, 2, 3, 0}) {
+            W->SSTab1.InputTab(tab);
+            EXPECT_EQ(W->ActiveControl(), &List(tab));
+            EXPECT_EQ(W->Caption, Run.T("R0095") + " " + W->SSTab1.Caption());
+            press(0, keys[tab], List(tab));
+        }
+        List(0).InputSelect(0);
+        press(0, "R0094", W->cboVärde);
+        EXPECT_EQ(Run.Desktop.Logged("beep").size(), 1U);
+        // A double click links, but in the list of plastics.
+        Choose(W->cboVärde, "+");
+        List(0).InputDoubleClick();
+        EXPECT_TRUE(W->txtEgen.Visible);
+        W->SSTab1.InputTab(1);
+        List(1).InputSelect(0);
+        Choose(W->cboVärde, "+");
+        List(1).InputDoubleClick();
+        EXPECT_FALSE(W->txtEgen.Visible);
+    });
+}
+
+TEST_F(Relations, TrustTheirMarksAndTheEntryForAllFindsAnyRow) {
+    Open([&] {
+        ChooseAll();
+        // Of several selected rows the click shows the last, but among the others the first; a link takes the
+        // first.
+        List(0).InputSelection({1, 2}, 2);
+        EXPECT_EQ(State(), "LRE0");
+        W->SSTab1.InputTab(3);
+        List(3).InputSelection({1, 2}, 2);
+        EXPECT_EQ(State(), "RS-");
+        List(3).InputSelection({}, -1);
+        List(3).InputClick();
+        EXPECT_EQ(State(), "L");
+
+        // A change of the concentration hides the marks: the link that follows finds the row in its way.
+        W->SSTab1.InputTab(0);
+        Click(0, 1);
+        Choose(W->cboConc, "koncentrerad");
+        Choose(W->cboConc, "10 %");
+        Choose(W->cboVärde, "0");
+        W->cmdKoppla(0).InputClick();
+        EXPECT_EQ(Run.Boxes(), Strings{Run.Report(-2147467259, "cmdKoppla_Click in Form frmURelations")});
+        EXPECT_EQ(State(), "L0");
+
+        // The entry for all concentrations: any row of the material counts, yet the value is that of its own.
+        Choose(W->cboConc, Run.T("R0040"));
+        Click(0, 0);
+        EXPECT_EQ(State(), "LRE");
+        Choose(W->cboVärde, "-");
+        const Strings before = All();
+        W->cmdKoppla(0).InputClick();  // there is no such row to change
+        EXPECT_EQ(All(), before);
+        W->SSTab1.InputTab(1);
+        Run.Change("DELETE FROM relPlast");
+        Click(1, 0);
+        Choose(W->cboVärde, "-");
+        W->cmdKoppla(0).InputClick();
+        EXPECT_EQ(Less(All(), before), Strings{"relPlast|1|-1|1|11|-|-1"});
+    });
+}
+
+TEST_F(Relations, ShowWhatTakesPartAndWhoseItIs) {
+    Open([&] {
+        EXPECT_EQ(test::Rows(W->lvwMisc), (Strings{"a|x", "b|y", "c|z"}));
+        EXPECT_EQ(test::Keys(W->lvwMisc), (Strings{"K11", "K12", "K13"}));
+        EXPECT_EQ(test::Entries(W->cboConc), (Strings{"Alla=-1", "10 %=1", "koncentrerad=3"}));
+        EXPECT_EQ(test::Entries(W->cboTemp), (Strings{"20ºC=1", "5º=3", "100ºC=4"}));
+        W->lvwMisc.ColumnClick(1);
+        EXPECT_EQ(test::Keys(W->lvwMisc).front(), "K13");
+        EXPECT_EQ(test::Columns(W->lvwMisc).front(), "Namn 3870 sort-descending");
+        for (const int line : {0, W->lstChemicals.ListCount() - 1}) {
+            W->lstChemicals.InputIndex(line);
+            EXPECT_EQ(W->txtEgenKem.Visible, line != 0) << W->lstChemicals.Text();
+        }
+        Choose(W->cboTemp, "5º");
+        EXPECT_TRUE(W->txtEgenTemp.Visible);
+        EXPECT_FALSE(W->txtEgenKon.Visible);
+    });
+}
+
+class RelationsInGerman : public Relations {
+  protected:
+    RelationsInGerman() : Relations("Deutsch") {}
+};
+
+TEST_F(RelationsInGerman, HaveNothingToShow) {
+    Open([&] {
+        EXPECT_EQ(Run.Boxes(), Strings{Run.Report(-2147217900, "FillValues in Form frmURelations")});
+        EXPECT_EQ(W->lstChemicals.ListCount() + W->cboConc.ListCount() + W->lvwMetal.ColumnCount(), 0);
+        EXPECT_EQ(W->cboVärde.ListCount(), 4);
+    });
+}
+
+}  // namespace
+}  // namespace vemora

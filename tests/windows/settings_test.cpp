@@ -1,0 +1,163 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include "platform/files/files.h"
+#include "settings/frmInstallningar.h"
+#include "support/session.h"
+
+namespace vemora {
+namespace {
+
+using test::Strings;
+
+class Settings : public testing::Test {
+  protected:
+    void Open(const std::function<void(frmInställningar&)>& piece) {
+        Run.Desktop.WhileModal<frmInställningar>([&](frmInställningar& shown) {
+            piece(shown);
+            if (shown.IsLoaded()) {
+                shown.cmdStäng.InputClick();
+            }
+        });
+        Run.Main().mnuInställningar.InputClick();
+    }
+    static std::vector<platform::ListView*> Lists(frmInställningar& w) {
+        return {&w.lvwConcentrations, &w.lvwMetal, &w.lvwPlast, &w.lvwTemp, &w.lvwTight, &w.lvwMisc};
+    }
+    /// The keys of a list with a plus for each tick.
+    static std::string Ticks(const platform::ListView& list) {
+        std::string ticks;
+        for (int i = 0; i < list.ItemCount(); ++i) {
+            ticks += (i > 0 ? " " : "") + list.Item(i).Key() + (list.Item(i).Checked() ? "+" : "-");
+        }
+        return ticks;
+    }
+    /// What takes part, by table.
+    Strings Saved() {
+        Strings all;
+        for (const std::string table : {"Conc", "Metal", "Plast", "Temp", "Tight", "Misc"}) {
+            std::string row = table;
+            for (const std::string& id : Run.Ask("SELECT ID FROM " + table + " WHERE Med = -1 ORDER BY ID")) {
+                row += " " + id;
+            }
+            all.push_back(row);
+        }
+        return all;
+    }
+
+    // A row of this description can't be saved.
+    test::Running Run{"Svenska",
+                      "CREATE TRIGGER Refuse BEFORE UPDATE ON Metal WHEN old.Description = 'vägrar' "
+                      "BEGIN SELECT RAISE(ABORT, 'no'); END"};
+};
+
+const Strings kAsDelivered = {"Conc 1 3", "Metal 1 3", "Plast 1 2", "Temp 1 3 4", "Tight 1 2", "Misc 1"};
+
+TEST_F(Settings, TicksFollowTheTablesAndReachThemBySaving) {
+    Open([&](frmInställningar& w) {
+        Strings ticks;
+        for (const platform::ListView* list : Lists(w)) {
+            ticks.push_back(Ticks(*list));
+        }
+        EXPECT_EQ(ticks, (Strings{"K1+ K2- K4- K3+", "K3+ K1+ K2-", "K2+ K1+", "K1+ K2- K3+ K4+", "K2+ K1+",
+                                  "K1+ K2-"}));
+        EXPECT_EQ(w.Caption, "Urval: Koncentration");
+        EXPECT_EQ(test::Columns(w.lvwTight), (Strings{"Namn 4350", "Beskrivning 4350"}));
+        EXPECT_EQ(test::Columns(w.lvwTemp), Strings{"Temperatur 8460"});
+    });
+    // Nothing was touched: nothing was asked.
+
+    Open([&](frmInställningar& w) {
+        for (int tab = 0; tab < 6; ++tab) {
+            w.SSTab1.InputTab(tab);
+            w.cmdMarkera(1).InputClick();
+            Lists(w)[static_cast<std::size_t>(tab)]->InputCheck({tab == 5 ? 1 : 0}, true);
+        }
+        EXPECT_EQ(w.Caption, "Urval: Övrigt");
+        // A sort keeps the tick on its row, and each list has a direction of its own.
+        w.lvwMetal.ColumnClick(1);
+        EXPECT_EQ(Ticks(w.lvwMetal), "K2- K1- K3+");
+        EXPECT_EQ(Saved(), kAsDelivered);
+        w.cmdSpara.InputClick();
+    });
+    const Strings wanted = {"Conc 1", "Metal 3", "Plast 2", "Temp 1", "Tight 2", "Misc 2"};
+    EXPECT_EQ(Saved(), wanted);
+    EXPECT_EQ(Run.Desktop.Logged("pointer"), (Strings{"pointer 11", "pointer 0"}));
+
+    Open([&](frmInställningar& w) {
+        w.SSTab1.InputTab(3);
+        w.cmdMarkera(0).InputClick();
+        EXPECT_EQ(Ticks(w.lvwTemp), "K1+ K2+ K3+ K4+");
+        EXPECT_EQ(Ticks(w.lvwMisc), "K1- K2+");
+        // Answered with Yes, closing saves.
+        Run.Desktop.Answers = {platform::msg::AnswerYes};
+    });
+    EXPECT_EQ(Run.Boxes(), Strings{"[292 Vemora] " + Run.T("R0043")});
+    EXPECT_EQ(Saved()[3], "Temp 1 2 3 4");
+}
+
+TEST_F(Settings, AChangeThatIsNotSavedIsAskedAboutInEveryOpeningToCome) {
+    const auto no = [&] { Run.Desktop.Answers = {platform::msg::AnswerNo}; };
+    Open([&](frmInställningar& w) {
+        w.lvwPlast.InputCheck({0}, false);  // not to be reached: its page is closed
+        EXPECT_EQ(Ticks(w.lvwPlast), "K2+ K1+");
+        w.lvwConcentrations.InputCheck({0, 3}, false);
+        no();
+    });
+    EXPECT_EQ(Saved(), kAsDelivered);
+    Open([&](frmInställningar& w) {
+        EXPECT_EQ(Ticks(w.lvwConcentrations), "K1+ K2- K4- K3+");
+        no();
+    });
+    EXPECT_EQ(Run.Boxes().size(), 2U);
+    // A row that can't be saved is told, and the others are saved.
+    Run.Change("DELETE FROM Misc");
+    Run.Change("UPDATE Metal SET Description = 'vägrar' WHERE ID = 1");
+    Open([&](frmInställningar& w) {
+        w.SSTab1.InputTab(3);
+        w.cmdMarkera(0).InputClick();
+        w.cmdSpara.InputClick();
+    });
+    EXPECT_EQ(Run.Boxes(), (Strings{Run.Report(-2147467259, "SetValdaMaterial in Module mMain"),
+                                    "[48 Vemora] " + Run.T("R0041")}));
+    EXPECT_EQ(Saved(), (Strings{"Conc 1 3", "Metal 1 3", "Plast 1 2", "Temp 1 2 3 4", "Tight 1 2", "Misc"}));
+    Open([](frmInställningar&) {});  // and clean again
+}
+
+// The texts follow a language at once, its columns once it is saved; the value texts at the next start.
+TEST_F(Settings, ALanguageTakesEffectWhenItIsChosen) {
+    Open([&](frmInställningar& w) {
+        EXPECT_TRUE(w.cboLang.Text().starts_with("Svenska "));
+        EXPECT_EQ(Run.Folder.Files("bin").size(), 4U);
+        test::Choose(w.cboLang, "English");
+        EXPECT_EQ(Run.T("lang"), "English");
+        EXPECT_EQ(w.cmdSpara.Caption, "&OK");
+        EXPECT_EQ(w.lblLabels(1).Caption, "Markerade poster är med i tabeller och listor.");
+        Run.Desktop.Answers = {platform::msg::AnswerNo};
+    });
+    EXPECT_EQ(Run.Boxes().size(), 1U);
+    EXPECT_EQ(Run.Main().cmdSök.Caption, "&Search");
+    EXPECT_EQ(Run.Core.gSpråk, "Svenska");
+    EXPECT_TRUE(Run.Main().imgBild(0).Visible);
+    Open([&](frmInställningar& w) {
+        EXPECT_EQ(w.lvwMetal.Item(0).Text, "Guld");
+        w.cmdSpara.InputClick();
+    });
+    EXPECT_EQ(Run.Core.gSpråk, "English");
+    EXPECT_FALSE(Run.Main().imgBild(0).Visible);
+    EXPECT_EQ(Run.Core.gVärdeText1, "+ Beständig");
+    Open([&](frmInställningar& w) {
+        EXPECT_EQ(w.lvwMetal.Item(0).Text, "Gold");
+        EXPECT_TRUE(w.cboLang.Text().starts_with("English "));
+        // A file that has gone in the meantime: the copy fails, unguarded.
+        platform::Kill(Run.Folder.Path(), "bin/LangDeutsch.ini");
+        test::Choose(w.cboLang, "Deutsch");
+    });
+    EXPECT_TRUE(Run.Desktop.Ended());
+    EXPECT_EQ(Run.Boxes().size(), 1U);
+}
+
+}  // namespace
+}  // namespace vemora
