@@ -125,8 +125,9 @@ class Recordset {
     /// Starts a new row, which becomes the current one with all fields Null.
     void AddNew();
     /// Writes the assigned fields of the current row; without a pending change it does nothing. The new row
-    /// stays current, its generated key readable where the statement has it. After a failure the change is
-    /// still pending, but for a row that is gone from its table: that one counts as deleted here, too.
+    /// stays current, its generated key readable where the statement has it. After a failure what was
+    /// assigned is forgotten, so that it holds up no later move or Close; a new row stays pending, and a row
+    /// that is gone from its table counts as deleted here, too.
     void Update();
     /// Drops a pending row or edit; the row current before AddNew is current again.
     void CancelUpdate();

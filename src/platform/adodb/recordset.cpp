@@ -203,8 +203,14 @@ void Recordset::AddNew() {
 void Recordset::Update() {
     auto& rs = Need(impl_);
     rs.CheckOpen("Saving a row");
-    if (rs.Pending()) {
+    if (!rs.Pending()) {
+        return;
+    }
+    try {
         rs.Save();
+    } catch (const Error&) {
+        rs.assigned.assign(rs.columns.size(), std::nullopt);
+        throw;
     }
 }
 
