@@ -97,12 +97,15 @@ void FormWindow::MakeWidgets() {
     QWidget* previous = nullptr;
     for (const platform::Control* control : order) {
         const Adapter* const adapter = AdapterOf(*control);
-        if (adapter != nullptr && adapter->Widget() != nullptr &&
-            adapter->Widget()->focusPolicy() != Qt::NoFocus) {
+        QWidget* widget = adapter != nullptr ? adapter->Widget() : nullptr;
+        if (widget != nullptr && widget->focusProxy() != nullptr) {
+            widget = widget->focusProxy();  // not the whole of it, with what lies on its pages
+        }
+        if (widget != nullptr && widget->focusPolicy() != Qt::NoFocus) {
             if (previous != nullptr) {
-                setTabOrder(previous, adapter->Widget());
+                setTabOrder(previous, widget);
             }
-            previous = adapter->Widget();
+            previous = widget;
         }
     }
     MarkAll();

@@ -25,8 +25,9 @@ void FormWindow::FocusActive() {
     }
 }
 
-// A focused widget that is disabled or hidden loses the focus to the next one by the window system's choice.
-// The form decides where it is; where the form's own choice can't have it, the form takes the other's.
+// A focused widget that is disabled or hidden loses the focus to the next one by the window system's choice,
+// be it the button that deletes or closes. The form decides where it is; where the form's own choice can't
+// have it, it begins anew.
 void FormWindow::SettleFocus(bool idle) {
     Adapter* const focused = FocusedAdapter();
     if (!presented_ || (focused == nullptr && focusWidget() != nullptr && focusWidget()->isVisible())) {
@@ -38,7 +39,9 @@ void FormWindow::SettleFocus(bool idle) {
             FocusActive();
         }
     } else if (idle && focused != nullptr && isActiveWindow()) {
-        Input([focused] { focused->Model().InputFocus(); });
+        platform::Control* const first = form_.FirstReachable();
+        Input([&] { (first != nullptr ? *first : focused->Model()).InputFocus(); });
+        FocusActive();
     }
 }
 

@@ -3,7 +3,7 @@
 
 #include "qt/list_box_adapter.h"
 
-#include <QHeaderView>
+#include <algorithm>
 
 #include "qt/form_window.h"
 #include "qt/line_model.h"
@@ -33,6 +33,10 @@ void ListBoxAdapter::CarryOwn() {
         lines_ = list_.LinesVersion();
         model_->Reload();
     }
+    // No line is cut in half at the lower edge.
+    const int frame = 2 * widget_->frameWidth();
+    const int rows = (widget_->height() - frame) / widget_->RowHeight();
+    widget_->resize(widget_->width(), std::max(rows, 1) * widget_->RowHeight() + frame);
     widget_->SelectOnly(list_.ListIndex);
 }
 

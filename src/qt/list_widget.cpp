@@ -81,6 +81,10 @@ void ListWidget::selectionChanged(const QItemSelection& selected, const QItemSel
     }
 }
 
+int ListWidget::RowHeight() const {
+    return fontMetrics().height() + kAir;
+}
+
 void ListWidget::SelectOnly(int row) {
     QItemSelectionModel* const selection = selectionModel();
     if (row >= 0) {

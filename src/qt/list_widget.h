@@ -13,6 +13,8 @@ class ListWidget final : public QTreeView {
 
   public:
     explicit ListWidget(QWidget* parent);
+    /// Of every row, in pixels.
+    int RowHeight() const;
     /// Selects this row alone and brings it into sight; none for -1.
     void SelectOnly(int row);
 

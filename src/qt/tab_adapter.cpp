@@ -3,6 +3,7 @@
 
 #include "qt/tab_adapter.h"
 
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "qt/form_window.h"
@@ -17,6 +18,9 @@ TabAdapter::TabAdapter(FormWindow& window, platform::SSTab& tabs)
     for (int page = 0; page < tabs.Tabs(); ++page) {
         widget_->addTab(Child<QWidget>(widget_), QString());
     }
+    // Tab stops at the row of tabs once, not at what it belongs to as well.
+    widget_->setFocusPolicy(Qt::NoFocus);
+    widget_->tabBar()->setFocusPolicy(Qt::StrongFocus);
     QObject::connect(widget_, &QTabWidget::currentChanged, Context(),
                      [this](int page) { Report([this, page] { tabs_.InputTab(page); }); });
 }

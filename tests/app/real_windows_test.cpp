@@ -22,6 +22,7 @@
 #include "maintenance/record_window.h"
 #include "qt/clipping.h"
 #include "qt/desktop.h"
+#include "relations/frmURelations.h"
 #include "sheet/frmChemical.h"
 #include "support/program_folder.h"
 
@@ -100,6 +101,32 @@ struct Shown {
     }
 };
 
+/// What Tab leads to, once round, in its order; and what it should.
+std::string TabRound(QWidget* window) {
+    std::string names;
+    for (int i = 0; i < 30; ++i) {
+        QWidget* focus = window->focusWidget();
+        const QWidget* named = focus->objectName().startsWith("qt_") ? focus->parentWidget() : focus;
+        const std::string name = named->objectName().toStdString() + " ";
+        if (names.starts_with(name)) {
+            break;
+        }
+        names += name;
+        QTest::keyClick(focus, Qt::Key_Tab);
+    }
+    return names;
+}
+std::string InTabOrder(const platform::Form& form, const platform::Control* container = nullptr) {
+    std::string names;
+    for (const platform::Control* control : form.Controls()) {
+        if (control->Container() == container) {
+            names += control->TakesFocus() && control->Reachable() ? control->FullName() + " " : "";
+            names += InTabOrder(form, control);
+        }
+    }
+    return names;
+}
+
 class EveryText : public testing::TestWithParam<std::tuple<std::string, double>> {
   protected:
     void SetUp() override {
@@ -158,6 +185,14 @@ TEST_P(EveryText, OfTheWindowsBehindTheMenuFits) {
                 run.ExpectWhole(shown, "the same while a record is added");
                 record->cmdCancel.InputClick();
             }
+            if (auto* relations = dynamic_cast<vemora::frmURelations*>(&form)) {
+                relations->lstChemicals.InputIndex(0);
+                relations->cboConc.InputIndex(0);
+                relations->cboTemp.InputIndex(0);
+            }
+            run.Desktop.Flush();
+            form.FirstReachable()->SetFocus();
+            EXPECT_EQ(TabRound(shown), InTabOrder(form));
             shown->close();
         });
         form.Show(platform::vbModal);

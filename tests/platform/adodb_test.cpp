@@ -211,7 +211,7 @@ TEST_F(Adodb, WritesThroughTheOriginOfAColumn) {
     key["TempID"] = 6;
     key["MetalID"] = 2;
     EXPECT_EQ(ErrorOf([&] { key.Update(); }), errors::StoreFailed);  // there is such a row
-    EXPECT_EQ(key["TempID"].Long(), 7);  // forgotten
+    EXPECT_EQ(key["TempID"].Long(), 7);                              // forgotten
 
     auto computed = Open("SELECT Name, Name & 'x' AS y FROM Metal");
     EXPECT_EQ(ErrorOf([&] { computed["y"] = "z"; }), errors::NotSupported);

@@ -35,6 +35,13 @@ Control* Form::ControlNamed(const std::string& fullName) const {
     return found == controls_.end() ? nullptr : *found;
 }
 
+Control* Form::FirstReachable() const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [](const Control* control) {
+        return control->TakesFocus() && control->Reachable();
+    });
+    return found == controls_.end() ? nullptr : *found;
+}
+
 void Form::PutBefore(Control& control, const Control& other) {
     std::erase(controls_, &control);
     controls_.insert(std::find(controls_.begin(), controls_.end(), &other), &control);
@@ -69,12 +76,7 @@ void Form::Show(int modal, Form* owner) {
         return;  // its Form_Load has unloaded it
     }
     if (active_ == nullptr) {
-        for (Control* control : controls_) {
-            if (control->TakesFocus() && control->Reachable()) {
-                active_ = control;
-                break;
-            }
-        }
+        active_ = FirstReachable();
     }
     desktop_.Show(*this, modal == vbModal, owner);
 }

@@ -94,6 +94,8 @@ class Form : public PropertyOwner {
     /// Null when there is no such control.
     Control* ControlNamed(const std::string& fullName) const;
     Control* ActiveControl() const { return active_; }
+    /// The first control that the user could put the focus on; null when there is none.
+    Control* FirstReachable() const;
     int TextWidth(const std::string& text) const { return desktop_.TextWidth(Font, text); }
 
     bool IsLoaded() const { return loaded_; }
