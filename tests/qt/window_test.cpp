@@ -91,14 +91,16 @@ TEST_F(WindowTest, TheFormDecidesWhereTheFocusIs) {
     EXPECT_EQ(Form.ActiveControl(), &Form.chkOwn);
     EXPECT_EQ(QApplication::focusWidget(), WidgetOf<QWidget>(Form.chkOwn));
 
-    // A control that is switched off hands the focus on; switched off and on again, it keeps it.
+    // A control that is switched off gives the focus back to the first one; switched off and on again, it keeps
+    // it.
+    Form.txtName.GotFocus = nullptr;
     Form.chkOwn.Enabled = false;
     Form.chkOwn.Enabled = true;
     QApplication::processEvents();
     EXPECT_EQ(Form.ActiveControl(), &Form.chkOwn);
     Form.chkOwn.Enabled = false;
     QApplication::processEvents();
-    EXPECT_EQ(Form.ActiveControl(), &Form.cmdOk);
+    EXPECT_EQ(Form.ActiveControl(), &Form.txtName);
 }
 
 // Where two stand at one place, nobody gets to the lower one but code.
