@@ -202,8 +202,8 @@ void RecordWindow::cmdEdit_Click() {
     });
 }
 
-// Each step runs, whatever became of the one before. The list is still disabled when it is to get the focus:
-// that step always fails.
+// Each step runs, whatever became of the one before. Where no line gets selected the list is still disabled
+// when it is to get the focus, and that step fails.
 void RecordWindow::cmdCancel_Click() {
     const auto ändå = [](const auto& steg) {
         try {
