@@ -336,8 +336,12 @@ TEST(Maintenance, WhatTheStoreRefusesHoldsNothingUp) {
         {"#2;Edit;N=bad;Update;N=other;Update;Close", 1, true},
         {"#2;Yes;Delete;#1;#2;Close", 2, false},
         {"Add;Cancel;Close", 0, false},
+        {"Add;N=bad;Update;Cancel;Refresh;#1;Close", 1, false},
+        {"Add;N=bad;Update;X", 1, false},
+        {"#2;Edit;N=bad;Update;Cancel;#1;#2;Close", 1, false},
         // Somebody else has been faster.
-        {"#2;!UPDATE $t SET ID = 9 WHERE ID = 2;Yes;Delete;#9;Close", 1, true},
+        {"#2;Edit;!UPDATE $t SET ID = 9 WHERE ID = 2;N=x;Update;Cancel;#1;Refresh;#9;Close", 1, true},
+        {"#9;!UPDATE $t SET ID = 8 WHERE ID = 9;Yes;Delete;#8;Close", 1, true},
     };
     for (const Kept* window : kAll) {
         OneWindow run(*window, "Svenska", store);
