@@ -234,29 +234,16 @@ TEST(Maintenance, RecordsAreListedAddedChangedAndDeleted) {
         EXPECT_EQ(run.Seen().substr(3), shown);
         EXPECT_EQ(run.Do("Refresh"), kDelivered);
         EXPECT_EQ(run.Lines(), *refreshed != '\0' ? refreshed : lines);
-<<<<<<< HEAD
-
-        const std::string editing = std::string("Update Cancel open ") + window.Open;
-        EXPECT_EQ(run.Do("#2;Edit"), "Edit " + editing);
-        EXPECT_EQ(run.Do("Cancel;#1;Add"), "(Edit) " + editing);
-        run.Do("Cancel;Refresh");
-=======
         EXPECT_TRUE(run.NothingSeen());
->>>>>>> h/mtests
         EXPECT_EQ(run.Do(steps).substr(0, 3), "Add");
         EXPECT_EQ(run.Changes(), changes);
         EXPECT_TRUE(run.NothingSeen());
         EXPECT_EQ(run.Desktop.Logged("focus").back(), "focus " + run.Form->lst.Name());
-<<<<<<< HEAD
-
-        EXPECT_EQ(run.Do("#2;Refresh;Delete;#2;No;Delete"), kOwn);  // of no line nobody is asked
-=======
         const std::string editing = std::string("Update Cancel open ") + window.Open;
         EXPECT_EQ(run.Do("#2;Edit"), "Edit " + editing);
         EXPECT_EQ(run.Do("Cancel;#1;Add"), "(Edit) " + editing);
 
         EXPECT_EQ(run.Do("Cancel;#2;Refresh;Delete;#2;No;Delete"), kOwn);  // of no line nobody is asked
->>>>>>> h/mtests
         EXPECT_EQ(run.Changes(), "");
         EXPECT_EQ(run.Do("Yes;Delete"), kOwn);
         const bool chemicals = &window == &kChemical;
@@ -349,17 +336,12 @@ TEST(Maintenance, WhatTheStoreRefusesHoldsNothingUp) {
         {"#2;Edit;N=bad;Update;N=other;Update;Close", 1, true},
         {"#2;Yes;Delete;#1;#2;Close", 2, false},
         {"Add;Cancel;Close", 0, false},
-<<<<<<< HEAD
-        // Somebody else has been faster.
-        {"#2;!UPDATE $t SET ID = 9 WHERE ID = 2;Yes;Delete;#9;Close", 1, true},
-=======
         {"Add;N=bad;Update;Cancel;Refresh;#1;Close", 1, false},
         {"Add;N=bad;Update;X", 1, false},
         {"#2;Edit;N=bad;Update;Cancel;#1;#2;Close", 1, false},
         // Somebody else has been faster.
         {"#2;Edit;!UPDATE $t SET ID = 9 WHERE ID = 2;N=x;Update;Cancel;#1;Refresh;#9;Close", 1, true},
         {"#9;!UPDATE $t SET ID = 8 WHERE ID = 9;Yes;Delete;#8;Close", 1, true},
->>>>>>> h/mtests
     };
     for (const Kept* window : kAll) {
         OneWindow run(*window, "Svenska", store);
