@@ -7,153 +7,105 @@
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QMimeData>
-#include <QTextBlock>
 #include <QTextEdit>
 #include <set>
 
+#include "qt/formula_document.h"
 #include "qt/support.h"
 #include "support/shown.h"
 
 namespace test {
 namespace {
 
-struct Chemical : platform::Form {
-    explicit Chemical(platform::Desktop& desktop)
-        : Form(desktop, "frmChemical", {.ClientWidth = 6000, .ClientHeight = 2000}) {
-        cmdSave.Click = [this] { ++Saved; };
-    }
-    oFormula Formula{
-        *this, "oFormula1", {.Left = 120, .Top = 120, .Width = 2400, .Height = 345, .Font = {"Arial", 10}}};
-    TextBox txtName{*this, "txtName", {.Left = 120, .Top = 600, .Width = 2400, .Height = 345}};
-    CommandButton cmdSave{*this, "cmdSave", {.Left = 120, .Width = 1200, .Height = 100, .Default = true}};
-    int Saved = 0;
-};
-
-class FormulaTest : public testing::Test {
+class FormulaTest : public EntryTest {
   protected:
     void SetUp() override {
-        ShowActive(S.Desktop, Form);
-        Edit = WidgetOf<QTextEdit>(Form.Formula);
-        ASSERT_TRUE(Edit->hasFocus());
+        EntryTest::SetUp();
+        Formula.Locked = false;
+        Formula.SetFocus();
+        S.Desktop.Flush();
+        Said();
+        Edit = WidgetOf<QTextEdit>(Formula);
     }
-    void TearDown() override { Form.Unload(); }
-
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(Edit, key, modifiers); }
-    void Undo() { Key(Qt::Key_Z, Qt::ControlModifier); }
-    void Redo() { Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
-    std::string Type(const char* text) {
+    /// Up to four keys, and then a text.
+    std::string Press(const char* keys, const char* text = "") {
+        const QKeySequence sequence(keys);
+        for (int i = 0; i < sequence.count(); ++i) {
+            Key(sequence[i].key(), sequence[i].keyboardModifiers());
+        }
         QTest::keyClicks(Edit, text);
         return Shown();
     }
+    std::string Type(const char* text) { return Press("", text); }
     void Set(const char* rtf) {
-        Form.Formula.SetRichText(std::string("{\\rtf1 x") + rtf);
-        Form.Formula.SetRichText(rtf);
+        Formula.SetRichText(rtf);
         S.Desktop.Flush();
     }
     // What the control has, which must be what the widget shows.
     std::string Shown() {
-        platform::RichText shown;
-        const QTextBlock block = Edit->document()->firstBlock();
-        EXPECT_EQ(block, Edit->document()->lastBlock());
-        for (auto at = block.begin(); !at.atEnd(); ++at) {
-            const auto height = at.fragment().charFormat().verticalAlignment();
-            shown.push_back({at.fragment().text().toStdString(),
-                             height == QTextCharFormat::AlignSubScript     ? platform::Run::Sub
-                             : height == QTextCharFormat::AlignSuperScript ? platform::Run::Super
-                                                                           : platform::Run::Normal});
-        }
-        EXPECT_EQ(platform::Normalised(shown), Form.Formula.Content());
-        return test::Shown(Form.Formula.Content());
+        const qt::ShownFormula shown = qt::ReadFormula(*Edit->document());
+        EXPECT_FALSE(shown.Foreign);
+        EXPECT_TRUE(shown.Characters == Formula.Formula().Characters());
+        return test::Shown(Formula.Content());
     }
 
-    Screen S;
-    Chemical Form{S.Desktop};
+    oFormula& Formula = Form.oFormula1;
     QTextEdit* Edit = nullptr;
 };
 
 TEST_F(FormulaTest, UndoTakesBackWhatWasTypedWithItsHeights) {
     std::set<std::string> states = {""};
-    for (const char key : std::string("H2SO4 2-")) {
-        QTest::keyClick(Edit, key);
-        states.insert(Shown());
+    for (const char* key : {"H", "2", "S", "O", "4", " ", "2", "-"}) {
+        states.insert(Type(key));
     }
     EXPECT_EQ(Shown(), "H_{2}SO_{4} ^{2-}");
-    Key(Qt::Key_Home);
-    Key(Qt::Key_Up, Qt::ControlModifier);
-    states.insert(Type("1"));
+    states.insert(Press("Home, Ctrl+Up", "1"));
     states.insert(Type("2"));
-    Key(Qt::Key_Left, Qt::ShiftModifier);
-    Key(Qt::Key_0, Qt::ControlModifier);
-    states.insert(Shown());
-    Key(Qt::Key_End);
-    Key(Qt::Key_Backspace);
-    const std::string all = Shown();
+    states.insert(Press("Shift+Left, Ctrl+0"));
+    const std::string all = Press("End, Backspace");
     EXPECT_EQ(all, "^{1}2H_{2}SO_{4} 2");
 
     int steps = 0;
     for (; Edit->document()->isUndoAvailable() && steps < 100; ++steps) {
-        Undo();
-        EXPECT_TRUE(states.contains(Shown())) << Shown();
+        EXPECT_TRUE(states.contains(Press("Ctrl+Z"))) << Shown();
     }
     EXPECT_EQ(Shown(), "");
     EXPECT_GT(steps, 5);
     for (; steps > 0; --steps) {
-        Redo();
+        Press("Ctrl+Shift+Z");
     }
     EXPECT_EQ(Shown(), all);
-    Undo();
-    EXPECT_EQ(Type("C"), "^{1}2H_{2}SO_{4} 2-C");
+    EXPECT_EQ(Press("Ctrl+Z", "C"), "^{1}2H_{2}SO_{4} 2-C");
 
     // What was set by key is set still when its removal is taken back, and when it is done again.
     Set("");
     Type("H2");
-    Key(Qt::Key_Left, Qt::ShiftModifier);
-    Key(Qt::Key_0, Qt::ControlModifier);
-    Key(Qt::Key_Delete);
-    Undo();
-    Key(Qt::Key_End);
-    EXPECT_EQ(Type("O"), "H2O");
-    Key(Qt::Key_Up, Qt::ControlModifier);
-    Type("+");
-    Undo();
-    Redo();
-    EXPECT_EQ(Type("H"), "H2O^{+}H");
+    Press("Shift+Left, Ctrl+0, Del, Ctrl+Z");
+    EXPECT_EQ(Press("End", "O"), "H2O");
+    Press("Ctrl+Up", "+");
+    EXPECT_EQ(Press("Ctrl+Z, Ctrl+Shift+Z", "H"), "H2O^{+}H");
 }
 
 TEST_F(FormulaTest, AHeightAskedForLastsUntilTheCaretIsMoved) {
-    Key(Qt::Key_Up, Qt::ControlModifier);
-    Type("x3");
-    S.Desktop.Flush();
-    Type("y");
-    Key(Qt::Key_Backspace);
-    EXPECT_EQ(Type("z"), "^{x3z}");
-    Key(Qt::Key_Left);
-    Key(Qt::Key_Right);
-    EXPECT_EQ(Type("C2"), "^{x3z}C_{2}");
-    Key(Qt::Key_Down, Qt::ControlModifier);
-    EXPECT_EQ(Type("n"), "^{x3z}C_{2n}");
+    Press("Ctrl+Up", "x3y");
+    EXPECT_EQ(Press("Backspace", "z"), "^{x3z}");
+    EXPECT_EQ(Press("Left, Right", "C2"), "^{x3z}C_{2}");
+    EXPECT_EQ(Press("Ctrl+Down", "n"), "^{x3z}C_{2n}");
     // Typed between equal characters that are set: it is no part of them.
     Set("{\\rtf1{\\super ee}}");
-    Key(Qt::Key_Left);
-    EXPECT_EQ(Type("e"), "^{e}e^{e}");
+    EXPECT_EQ(Press("Left", "e"), "^{e}e^{e}");
 }
 
 TEST_F(FormulaTest, KeysOfTheWindowTypeNothing) {
     // Stored lines stay, what the window sets can't be taken back, and no key makes a line.
     Set("{\\rtf1 C{\\sub 2}\\par O}");
     EXPECT_FALSE(Edit->document()->isUndoAvailable());
-    QTest::keyClicks(Edit, "H");
-    Key(Qt::Key_Left);
+    Type("H");
+    Press("Left");
     const int steps = Edit->document()->availableUndoSteps();
-    EXPECT_GT(steps, 0);
-    Key(Qt::Key_Return);
-    Key(Qt::Key_Enter, Qt::KeypadModifier);
-    Key(Qt::Key_Return, Qt::ShiftModifier);
-    Key(Qt::Key_U, Qt::AltModifier);
-    Key(Qt::Key_Tab);
-    EXPECT_EQ(Form.Saved, 2);
-    EXPECT_EQ(Form.ActiveControl(), &Form.txtName);
-    EXPECT_EQ(test::Shown(Form.Formula.Content()), "C_{2}\nOH");
+    Press("Return, Num+Enter, Shift+Return");
+    EXPECT_EQ(Press("Alt+U, Tab"), "C_{2}\nOH");
+    EXPECT_EQ(Said(), (Log{"ok ", "ok ", "+lvw"}));
     EXPECT_EQ(Edit->textCursor().position(), 4);
     EXPECT_EQ(Edit->document()->availableUndoSteps(), steps);
 }
@@ -173,22 +125,18 @@ TEST_F(FormulaTest, TakesTextAndHeightsOfWhatIsPasted) {
           std::tuple("text/rtf", "{\\rtf1\\b H2{\\super +}\\par \\u-10179?\\u-8704?}", "aH2^{+} 😀z")}) {
         Set("");
         Type("axz");
-        Key(Qt::Key_Left);
-        Key(Qt::Key_Left, Qt::ShiftModifier);
+        Press("Left, Shift+Left");
         EXPECT_EQ(paste(type, data), shown);
         EXPECT_TRUE(Type("O").ends_with("Oz")) << Shown();
-        Undo();
-        EXPECT_EQ(Shown(), shown);
-        Undo();
-        EXPECT_EQ(Shown(), "axz");
+        EXPECT_EQ(Press("Ctrl+Z"), shown);
+        EXPECT_EQ(Press("Ctrl+Z"), "axz");
     }
     EXPECT_EQ(paste("text/html", ""), "axz");
     Edit->selectAll();
     paste("text/plain", QByteArray(100'000, '2') + "\xF0\x9F\x98\x80");
     EXPECT_EQ(Type("H2"), std::string(100'000, '2') + "😀H_{2}");
     // A copy keeps its heights.
-    Key(Qt::Key_Left, Qt::ShiftModifier);
-    Key(Qt::Key_C, Qt::ControlModifier);
+    Press("Shift+Left, Ctrl+Ins");
     Set("");
     Edit->paste();
     EXPECT_EQ(Shown(), "_{2}");
@@ -197,7 +145,7 @@ TEST_F(FormulaTest, TakesTextAndHeightsOfWhatIsPasted) {
 TEST_F(FormulaTest, InputMethodsAndScreenReadersWriteAsWell) {
     QInputMethodEvent composing("2", {});
     QApplication::sendEvent(Edit, &composing);
-    EXPECT_EQ(Form.Formula.PlainText(), "");
+    EXPECT_EQ(Formula.PlainText(), "");
     QInputMethodEvent written;
     written.setCommitString("H2😀");
     QApplication::sendEvent(Edit, &written);
@@ -206,30 +154,27 @@ TEST_F(FormulaTest, InputMethodsAndScreenReadersWriteAsWell) {
     QAccessibleInterface* const reader = QAccessible::queryAccessibleInterface(Edit);
     reader->setText(QAccessible::Value, "<b>H2</b>O<br>");
     EXPECT_EQ(Shown(), "H_{2}O");
-    Set("{\\rtf1 SO4}");
-    reader->editableTextInterface()->insertText(0, "H2");
-    EXPECT_EQ(Shown(), "H_{2}SO4");
+    reader->editableTextInterface()->insertText(0, "SO4");
+    EXPECT_EQ(Shown(), "SO_{4}H_{2}O");
 
     EXPECT_TRUE(Edit->document()->isUndoAvailable());
-    Form.Formula.Locked = true;
-    S.Desktop.Flush();
-    EXPECT_FALSE(Edit->document()->isUndoAvailable());
-    EXPECT_TRUE(reader->state().readOnly);
-    reader->setText(QAccessible::Value, "x");
-    reader->editableTextInterface()->insertText(0, "x");
-    Undo();
-    EXPECT_EQ(Type("x"), "H_{2}SO4");
-    EXPECT_EQ(Edit->focusPolicy(), Qt::NoFocus);
-    Form.Formula.Locked = false;
-    S.Desktop.Flush();
-    EXPECT_FALSE(Edit->document()->isUndoAvailable());
-    EXPECT_EQ(Edit->focusPolicy(), Qt::StrongFocus);
+    for (const bool locked : {true, false}) {
+        Formula.Locked = locked;
+        S.Desktop.Flush();
+        EXPECT_FALSE(Edit->document()->isUndoAvailable());
+        EXPECT_EQ(reader->state().readOnly, locked);
+        EXPECT_EQ(Edit->focusPolicy(), locked ? Qt::NoFocus : Qt::StrongFocus);
+        reader->editableTextInterface()->insertText(0, "x");
+        EXPECT_EQ(Type("x") == "SO_{4}H_{2}O", locked);
+        reader->setText(QAccessible::Value, "x");
+        EXPECT_EQ(Shown(), locked ? "SO_{4}H_{2}O" : "x");
+    }
 }
 
 TEST_F(FormulaTest, StaysOnTheLineOnWhichItIsRead) {
     // The stem of the "H" stands on it.
     const auto bottom = [this](bool locked, const char* rtf) {
-        Form.Formula.Locked = locked;
+        Formula.Locked = locked;
         Set(rtf);
         const QImage image = Edit->grab().toImage();
         QPoint at(image.height() / 4, image.height() / 2);
@@ -240,6 +185,7 @@ TEST_F(FormulaTest, StaysOnTheLineOnWhichItIsRead) {
         return at.y();
     };
     Form.txtName.SetFocus();
+    Formula.Font = {"Arial", 10};
     EXPECT_EQ(bottom(false, "{\\rtf1 H}"), bottom(true, "{\\rtf1 H}"));
     EXPECT_EQ(bottom(false, "{\\rtf1 H{\\super +}}"), bottom(true, "{\\rtf1 H}"));
 }

@@ -91,8 +91,8 @@ TEST_F(WindowTest, TheFormDecidesWhereTheFocusIs) {
     EXPECT_EQ(Form.ActiveControl(), &Form.chkOwn);
     EXPECT_EQ(QApplication::focusWidget(), WidgetOf<QWidget>(Form.chkOwn));
 
-    // A control that is switched off gives the focus back to the first one; switched off and on again, it keeps
-    // it.
+    // A control that is switched off gives the focus back to the first one; switched off and on again, it
+    // keeps it.
     Form.txtName.GotFocus = nullptr;
     Form.chkOwn.Enabled = false;
     Form.chkOwn.Enabled = true;

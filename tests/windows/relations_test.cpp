@@ -44,13 +44,9 @@ class Relations : public testing::Test {
         });
         Run.Main().mnuURelations.InputClick();
     }
-    void ChooseAll(const std::string& concentration = "10 %") {
-        for (int i = 0; i < W->lstChemicals.ListCount(); ++i) {
-            if (W->lstChemicals.ItemData(i) == 1) {
-                W->lstChemicals.InputIndex(i);
-            }
-        }
-        Choose(W->cboConc, concentration);
+    void ChooseAll() {
+        W->lstChemicals.InputIndex(1);
+        Choose(W->cboConc, "10 %");
         Choose(W->cboTemp, "20ºC");
     }
     platform::ListView& List(int tab) {
@@ -76,11 +72,10 @@ class Relations : public testing::Test {
                                         "relMetal", "relPlast", "relTight", "relMisc"}) {
             platform::adodb::Recordset rs;
             for (rs.Open("SELECT * FROM " + table, *Run.Core.gCn); !rs.Eof(); rs.MoveNext()) {
-                std::string row = table;
+                rows.push_back(table);
                 for (const std::string& field : rs.FieldNames()) {
-                    row += "|" + rs[field].Joined();
+                    rows.back() += "|" + rs[field].Joined();
                 }
-                rows.push_back(row);
             }
         }
         return rows;
