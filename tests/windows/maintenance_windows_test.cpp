@@ -32,8 +32,7 @@ constexpr const Kept* kAll[] = {&kMisc, &kPlast, &kTight, &kMetal, &kConc, &kTem
 const std::string kDelivered = "Add (Edit) (Delete) Close list";
 const std::string kOwn = "Add Edit Delete Close list";
 
-/// A run with one of the windows. In every table the row 1 is delivered and the row 2 the user's own. The end
-/// of the run ends the program and has the file checked.
+/// A run with one of the windows. In every table the row 1 is delivered and the row 2 the user's own.
 struct OneWindow : test::Session {
     /// Over rows changed by statements of the store's own, run for each table: "$t", its names in "$n".
     explicit OneWindow(const Kept& kept, const std::string& language = "Svenska", const std::string& sql = "")
@@ -50,13 +49,6 @@ struct OneWindow : test::Session {
         before_ = Database();
         Form = &dynamic_cast<RecordWindow&>((Core.Windows.*kept.Window)());
         Do("Open");
-    }
-    ~OneWindow() {
-        Form->InputClose();
-        Main().InputClose();
-        platform::Store store(Folder.Database(), test::kPassword, platform::Store::Access::ReadOnly);
-        platform::Statement check = store.Prepare("PRAGMA integrity_check");
-        EXPECT_TRUE(check.Step() && check.Text(0) == "ok");
     }
     static std::string On(const Kept& kept, const std::string& sql) {
         return platform::Replace(platform::Replace(sql, "$t", kept.Table), "$n", kept.Name);
@@ -174,12 +166,6 @@ struct OneWindow : test::Session {
         }
         return rows;
     }
-    void Expect(const std::vector<std::pair<const char*, const char*>>& cases) {
-        for (const auto& [steps, seen] : cases) {
-            Do(steps);
-            EXPECT_EQ(Seen() + " " + Changes(), seen) << steps;
-        }
-    }
 
     RecordWindow* Form = nullptr;
 
@@ -201,14 +187,10 @@ TEST(Maintenance, RecordsAreListedAddedChangedAndDeleted) {
         {kPlast, "Svenska", "PE=2 PVC=1 ", "PVC|Hård", "", "Add;1=a;2=b;Update", "Plast|3|a|b|||-1|-1 "},
         {kPlast, "English", "Poly=2 PVC=1 ", "PVC|Rigid", "PE=2 PVC=1 ", "#2;Edit;2=b;Update",
          "Plast|2|Poly|b|Poly|Ethene|-1|-1 "},
-        {kTight, "Svenska", "EPDM=1 NBR=2 ", "EPDM|Gummi", "", "#2;Edit;1=a;2=b;Update",
-         "Tight|2|a|b|NBR|Nitrile|-1|-1|Perbunan| "},
         {kTight, "English", "EPDM rubber=1 NBR=2 ", "EPDM rubber|Rubber", "", "Add;1=a;2=b;Update",
          "Tight|3|||a|b|-1|-1|| "},
         {kTight, "Deutsch", "EPDM=1 Perbunan=2 ", "EPDM|Kautschuk", "", "#2;Edit;2=b;Update",
          "Tight|2|NBR|Nitril|NBR|Nitrile|-1|-1|Perbunan|b "},
-        {kMetal, "Svenska", "Guld=3 Stål=1 Zink=2 ", "Stål|Kolstål", "", "Add;1=a;2=b;Update",
-         "Metal|4|a|b|||-1|-1 "},
         {kMetal, "English", "Gold=3 Steel=1 Zinc=2 ", "Steel|Carbon steel", "", "#2;Edit;1=a;2=b;Update",
          "Metal|2|Zink|Zn|a|b|-1|-1 "},
         {kConc, "English", "2 %=2 10 %=1 concentrated=3 half=4 ", "10 %|10 %|10 %|",
@@ -225,12 +207,8 @@ TEST(Maintenance, RecordsAreListedAddedChangedAndDeleted) {
         SCOPED_TRACE(std::string(window.Table) + " " + language);
         OneWindow run(window, language);
         EXPECT_EQ(run.Lines(), lines);
-        if (&window == &kConc) {
-            EXPECT_EQ(run.Form->lblLabels(2).Caption, "Description SE:");
-            EXPECT_EQ(run.Form->lblLabels(3).Caption, "Description EN:");
-        }
-        EXPECT_EQ(run.Do("#2"), kOwn);
-        EXPECT_EQ(run.Do("#1"), kDelivered);
+        EXPECT_TRUE(&window != &kConc || run.Form->lblLabels(2).Caption == "Description SE:");
+        EXPECT_EQ(run.Do("#2;#1"), kDelivered);
         EXPECT_EQ(run.Seen().substr(3), shown);
         EXPECT_EQ(run.Do("Refresh"), kDelivered);
         EXPECT_EQ(run.Lines(), *refreshed != '\0' ? refreshed : lines);
@@ -249,75 +227,70 @@ TEST(Maintenance, RecordsAreListedAddedChangedAndDeleted) {
         const bool chemicals = &window == &kChemical;
         EXPECT_EQ(run.Changes(),
                   "-" + std::string(window.Table) + (chemicals ? "|2| -relMetal|2| " : "|2| "));
-        const std::string question = chemicals ? "Är du säker?" : run.T("R0063");
-        EXPECT_EQ(run.Boxes(), Strings(2, "[292 " + run.Core.gFelTitel + "] " + question));
+        EXPECT_EQ(run.Boxes(), Strings(2, "[292 " + run.Core.gFelTitel + "] " +
+                                              (chemicals ? "Är du säker?" : run.T("R0063"))));
         EXPECT_EQ(run.Do("Esc"), "closed");
     }
 }
 
+// Edit stays enabled behind a refresh. With no line selected a save writes the first row, or in the windows
+// of the materials the new row that a cancelled Add has left pending; behind a refusal the row before it.
 TEST(Maintenance, RecordsThatAreThereAlreadyAreRefused) {
     const struct {
         const Kept& Window;
-        const char *Language, *Key, *Refused, *Taken;
-    } cases[] = {{kMisc, "Svenska", "R0072", "1=LA", "1=Glas 2"},
-                 {kPlast, "English", "R0085", "2=An empty name", "1=Rigid"},
-                 {kTight, "Deutsch", "R0109", "1=NBR", "1=Perb"},
-                 {kMetal, "English", "R0069", "1=Stål", "1=Steel"},
-                 {kConc, "English", "R0066", "1=10 %;2=x", "1=10;2=10 %"},
-                 {kTemp, "Svenska", "R0106", "1=0", "1=3"},
-                 {kChemical, "English", "R0064", "2=bENSIN;3=x", "2=Bens;3=Steam oil"}};
-    for (const auto& [window, language, key, refused, taken] : cases) {
+        const char *Language, *Key, *Refused, *Taken, *First, *Pending;
+    } cases[] = {{kMisc, "Svenska", "R0072", "1=LA", "1=Glas 2", "|1|", "|3|"},
+                 {kPlast, "English", "R0085", "2=An empty name", "1=Rigid", "|2|", "|3|"},
+                 {kTight, "Deutsch", "R0109", "1=NBR", "1=Perb", "|1|", "|3|"},
+                 {kMetal, "English", "R0069", "1=Stål", "1=Steel", "|3|", "|4|"},
+                 {kConc, "English", "R0066", "1=10 %;2=x", "1=10;2=10 %", "|1|", "|2|"},
+                 {kTemp, "Svenska", "R0106", "1=0", "1=3", "|1|", "|1|"},
+                 {kChemical, "English", "R0064", "2=bENSIN;3=x", "2=Bens;3=Steam oil", "|4|", "|4|"}};
+    for (const auto& [window, language, key, refused, taken, first, pending] : cases) {
+        SCOPED_TRACE(window.Table);
         OneWindow run(window, language);
         run.Do(std::string("#2;Add;") + refused);
         const std::string typed = run.Seen();
-        EXPECT_EQ(run.Do("Update"), kOwn) << key;
+        EXPECT_EQ(run.Do("Update"), kOwn);
         EXPECT_EQ(run.Boxes(), Strings{"[48 " + run.Core.gFelTitel + "] " + run.T(key)});
         EXPECT_EQ(*(run.Desktop.Log.end() - 2), "beep");
         EXPECT_EQ(run.Seen(), typed);
-        run.Do("Edit;Update");  // with no line selected: the row before the new one, which is gone
-        EXPECT_TRUE(run.Changes().starts_with(std::string(window.Table) + "|2|")) << key;
-        run.Do(std::string("Add;") + taken + ";Update");
-        EXPECT_NE(run.Changes(), "") << key;
+        run.Do("Edit;Update");
+        EXPECT_TRUE(run.Changes().starts_with(std::string(window.Table) + "|2|"));
+        const Strings texts = {taken, "N=L'eau", "N=" + std::string(100'000, 'X'),
+                               "N=Ω 中 😀 \t\r\n\x01\x7F\"[b] -- %_#"};
+        for (const std::string& typing : texts) {
+            run.Do("Add;" + typing + ";Update");
+            EXPECT_NE(run.Changes().find("|" + typing.substr(typing.rfind('=') + 1)), std::string::npos);
+        }
+        const std::string name = &window == &kTemp ? "frmUTemerature" : run.Form->Name();
+        EXPECT_EQ(run.Boxes(),
+                  Strings{run.Report(platform::errors::BadStatement, "FinnsRedan in Form " + name)});
+
+        OneWindow other(window);
+        EXPECT_EQ(other.Do("#2;Refresh;Edit;N=Ny;Update"), kOwn);
+        EXPECT_TRUE(other.Changes().starts_with(std::string(window.Table) + first));
+        EXPECT_EQ(other.Do("Refresh;Add;Cancel;Edit;N=Än;Update"), kOwn);
+        EXPECT_TRUE(other.Changes().starts_with(std::string(window.Table) + pending));
     }
 }
 
-TEST(Maintenance, WindowsThatCannotOpenEndTheProgram) {
+TEST(Maintenance, AWindowOpensOnNoRowsNotAndOutlivesItsLast) {
     for (const Kept* window : kAll) {
+        OneWindow last(*window, "Svenska", "DELETE FROM $t WHERE ID <> 2;");
+        EXPECT_EQ(last.Do("#2;Yes;Delete"), kOwn);
+        EXPECT_TRUE(last.Boxes().back().starts_with("[16 Vemora] "));
+        EXPECT_EQ(last.Do("Edit;Update;Cancel"), kDelivered);  // saves no row
+        EXPECT_EQ(last.Boxes().size(), 1U);
+        last.Do("Add;N=Ny;Update");
+        EXPECT_EQ(last.Form->lst.ListCount(), 1);
         for (const bool german : {false, true}) {
             OneWindow run(*window, german ? "Deutsch" : "Svenska", german ? "" : "DELETE FROM $t;");
             const bool opens = window == (german ? &kTight : &kMisc);
-            EXPECT_EQ(run.State(), opens ? kDelivered : "closed") << window->Table;
-            EXPECT_EQ(run.Desktop.Ended(), !opens);
+            EXPECT_EQ(run.Desktop.Ended(), !opens) << window->Table;
             const char* const box = german ? "[16 -] -2147217900 (…)" : "[16 -] 3021 (…)";
             EXPECT_EQ(run.Boxes(), opens ? Strings() : Strings{box});
         }
-    }
-}
-
-TEST(Maintenance, AnyTextIsKeptAsTypedAndAnApostropheReported) {
-    const Strings texts = {"L'eau", std::string(100'000, 'X'), "Ω 中 😀 \t\r\n\x01\x7F", "A\"[b] -- %_#"};
-    for (const Kept* window : kAll) {
-        OneWindow run(*window);
-        for (const std::string& text : texts) {
-            run.Do("Add;N=" + text + ";Update");
-            EXPECT_NE(run.Changes().find("|" + text), std::string::npos) << text.substr(0, 20);
-        }
-        const std::string name = window == &kTemp ? "frmUTemerature" : run.Form->Name();
-        EXPECT_EQ(run.Boxes(),
-                  Strings{run.Report(platform::errors::BadStatement, "FinnsRedan in Form " + name)});
-    }
-}
-
-TEST(Maintenance, WithoutARecordTheWindowStaysUsable) {
-    for (const Kept* window : kAll) {
-        OneWindow run(*window, "Svenska", "DELETE FROM $t WHERE ID <> 2;");
-        EXPECT_EQ(run.Do("#2;Yes;Delete"), kOwn);
-        const std::string box = run.Boxes().back();
-        EXPECT_TRUE(box.starts_with("[16 Vemora] ") && box.ends_with('.')) << box;
-        EXPECT_EQ(run.Do("Edit;Update;Cancel"), kDelivered);  // saves no row
-        EXPECT_EQ(run.Boxes().size(), 1U);
-        run.Do("Add;N=Ny;Update");
-        EXPECT_EQ(run.Form->lst.ListCount(), 1);
     }
 }
 
@@ -327,18 +300,11 @@ TEST(Maintenance, WhatTheStoreRefusesHoldsNothingUp) {
                               "CREATE TRIGGER u$t BEFORE UPDATE ON $t WHEN NEW.$n LIKE 'bad%' " + refused +
                               "CREATE TRIGGER d$t BEFORE DELETE ON $t WHEN OLD.ID = 2 " + refused +
                               "DELETE FROM relMetal WHERE ChemID = 2;";
-    const struct {
-        const char* Steps;
-        std::size_t Boxes;
-        bool Changes;
-    } cases[] = {
+    const std::tuple<const char*, std::size_t, bool> cases[] = {
         {"Add;N=bad;Update;Update;N=new;Update;Close", 2, true},
         {"#2;Edit;N=bad;Update;N=other;Update;Close", 1, true},
         {"#2;Yes;Delete;#1;#2;Close", 2, false},
-        {"Add;Cancel;Close", 0, false},
         {"Add;N=bad;Update;Cancel;Refresh;#1;Close", 1, false},
-        {"Add;N=bad;Update;X", 1, false},
-        {"#2;Edit;N=bad;Update;Cancel;#1;#2;Close", 1, false},
         // Somebody else has been faster.
         {"#2;Edit;!UPDATE $t SET ID = 9 WHERE ID = 2;N=x;Update;Cancel;#1;Refresh;#9;Close", 1, true},
         {"#9;!UPDATE $t SET ID = 8 WHERE ID = 9;Yes;Delete;#8;Close", 1, true},
@@ -363,67 +329,42 @@ TEST(Maintenance, FlagsOutliveTheWindow) {
         SCOPED_TRACE(window->Table);
         EXPECT_EQ(run.Do("#2;Shift+Esc"), "closed");
         EXPECT_NE(run.Do("Open;Add;Cancel;Shift+Esc"), "closed");
-        EXPECT_EQ(run.Do("#2;Edit;Update"), kOwn);
-        EXPECT_EQ(run.Boxes().size(), 1U);
-        EXPECT_EQ(run.Do("#2;Add;Cancel;Close;Open;#2;Edit;Update"), kOwn);
-        EXPECT_EQ(run.Boxes().size(), forgets ? 0U : 1U);
-        EXPECT_EQ(run.Do("#2;Edit;Update"), kOwn);
-
+        EXPECT_EQ(run.Do("#2;Edit;Update;#2;Add;Cancel;Close;Open;#2;Edit;Update"), kOwn);
+        EXPECT_EQ(run.Boxes().size(), forgets ? 1U : 2U);
         EXPECT_EQ(run.Do("Shift+Esc") == "closed", forgets);
         const std::string editing = run.Do("X;Open;#2;Edit");
         EXPECT_EQ(run.Do("Esc"), editing);
-        EXPECT_NE(run.Do("Cancel;Shift+Esc"), "closed");
-        EXPECT_EQ(run.Do("Esc"), "closed");
+        EXPECT_EQ(run.Do("Cancel;Shift+Esc;Esc"), "closed");
         EXPECT_EQ(run.Do("Open;Shift+Esc") == "closed", forgets);
     }
 }
 
-TEST(Maintenance, ATemperatureShowsItsUnitWhileAFlagIsSet) {
-    OneWindow run(kTemp);
-    run.Expect({{"#1", "0:|20| "},
-                {"#3", "2:|5º| "},
-                {"Add;Cancel;#1", "0:|20ºC| "},
-                {"Close;Open;#1", "0:|20ºC| "},
-                {"Add;1=2;Update;#1", "0:|20| "},  // refused, which ends it
-                {"Add;Cancel;Add;1=7;Update;#1", "0:|20| Temp|5|7ºC|-1|-1 "},
-                {"#2;Edit", "1:|60| "},
-                {"Update;#2", "1:|60ºC| Temp|2|60ºC|-1|-1 "},
-                {"Edit;Update;#1", "0:|20ºC| Temp|2|60ºCºC|-1|-1 "},
-                {"Close;Open;#2;Edit;Update;#2", "1:|60ºCºCºC| Temp|2|60ºCºCºC|-1|-1 "}});
-    EXPECT_EQ(run.Boxes().size(), 1U);
-}
-
-TEST(Maintenance, CancelSelectsTheLineOfTheLastAdd) {
-    OneWindow run(kMisc, "Svenska", "UPDATE $t SET Egen = -1;");
-    run.Expect({{"#2;Edit;2=x;Cancel", "0:|Glas|Silikat "},  // none yet: the first line
-                {"#2;Add;1=x;Cancel", "1:|Trä|Furu "},
-                {"Close;Open;#1;Edit;Cancel", "1:|Trä|Furu "},
-                {"Refresh;Add;1=x;Cancel", "-1:|x| "},
-                {"#2;Edit;1=y;Cancel", "-1:|y|Furu "},
-                {"#2;Add;Cancel;Yes;Delete;#1;Edit;1=z;Cancel", "0:|z|Silikat -Misc|2| "}});  // it is gone
-    EXPECT_EQ(run.State(), kOwn);
-    EXPECT_EQ(run.Boxes().size(), 1U);
-}
-
-// Edit stays enabled behind a refresh. With no line selected a save writes the first row, or in the windows
-// of the materials the new row that a cancelled Add has left pending.
-TEST(Maintenance, ASaveWithNoLineSelectedWritesTheCurrentRow) {
-    const std::tuple<const Kept&, const char*, const char*> cases[] = {
-        {kMisc, "|1|", "|3|"}, {kPlast, "|2|", "|3|"}, {kTight, "|1|", "|3|"},   {kMetal, "|3|", "|4|"},
-        {kConc, "|1|", "|2|"}, {kTemp, "|1|", "|1|"},  {kChemical, "|4|", "|4|"}};
-    for (const auto& [window, first, afterCancel] : cases) {
-        OneWindow run(window);
-        EXPECT_EQ(run.Do("#2;Refresh;Edit;N=Ny;Update"), kOwn);
-        EXPECT_TRUE(run.Changes().starts_with(std::string(window.Table) + first)) << window.Table;
-        EXPECT_EQ(run.Do("Refresh;Add;Cancel;Edit;N=Än;Update"), kOwn);
-        EXPECT_TRUE(run.Changes().starts_with(std::string(window.Table) + afterCancel)) << window.Table;
+// Cancel selects the line of the last Add, the first one when there has been none. A temperature shows its
+// unit while a flag is set.
+TEST(Maintenance, ACancelledAddTellsLater) {
+    OneWindow misc(kMisc, "Svenska", "UPDATE $t SET Egen = -1;"), temp(kTemp);
+    const std::tuple<OneWindow&, const char*, const char*> cases[] = {
+        {misc, "#2;Edit;2=x;Cancel", "0:|Glas|Silikat "},
+        {misc, "#2;Add;1=x;Cancel", "1:|Trä|Furu "},
+        {misc, "Close;Open;#1;Edit;Cancel", "1:|Trä|Furu "},
+        {misc, "#2;Add;Cancel;Yes;Delete;#1;Edit;1=z;Cancel", "0:|z|Silikat -Misc|2| "},  // it is gone
+        {temp, "#1", "0:|20| "},
+        {temp, "#3", "2:|5º| "},
+        {temp, "Add;Cancel;#1", "0:|20ºC| "},
+        {temp, "Add;1=2;Update;#1", "0:|20| "},  // refused, which ends it
+        {temp, "#2;Edit;Update;#2", "1:|60ºC| Temp|2|60ºC|-1|-1 "},
+        {temp, "Close;Open;#2;Edit;Update;#2", "1:|60ºCºC| Temp|2|60ºCºC|-1|-1 "}};
+    for (const auto& [run, steps, seen] : cases) {
+        run.Do(steps);
+        EXPECT_EQ(run.Seen() + " " + run.Changes(), seen) << steps;
     }
+    EXPECT_EQ(misc.State(), kOwn);
+    EXPECT_EQ(misc.Boxes().size() + temp.Boxes().size(), 2U);
 }
 
 TEST(Maintenance, AFormulaIsKeptAsPlainAndAsRichText) {
     OneWindow run(kChemical);
     platform::oFormula& formula = run.Chemicals().oFormula1;
-    EXPECT_TRUE(formula.Font->Name == "Arial" && formula.Font->Size == 10 && formula.Padding == 4);
     formula.Font = {"Serif", 12};
     run.Do("#2");
     EXPECT_TRUE(formula.Locked && formula.Font->Name == "Arial" && formula.PlainText() == "H2SO4");
@@ -433,57 +374,36 @@ TEST(Maintenance, AFormulaIsKeptAsPlainAndAsRichText) {
     formula.SetRichText(R"({\rtf1 H{\sub 2}O})");
     run.Do("2=éter;Update");
     EXPECT_EQ(run.Changes(), "Chemical|6|H2O||Éter|||||||||-1|-1 ");
-    EXPECT_EQ(formula.PlainText(), "");
     run.Do("#6;Edit");
     EXPECT_EQ(formula.Content(), (platform::RichText{{"H"}, {"2", platform::Run::Sub}, {"O"}}));
     formula.SetPlainText("Kn");
-    formula.Font = {"Serif", 12};
     run.Do("Update;#6;#1");  // the last without a rich text
     EXPECT_EQ(formula.PlainText(), "");
     EXPECT_EQ(run.Ask("SELECT Formula FROM Chemical WHERE FormulaRTF LIKE '%Arial%Kn%'"), Strings{"Kn"});
 }
 
-TEST(Maintenance, TheUsersOwnChemicalsAreMarked) {
-    const std::pair<const char*, bool> cases[] = {
-        {"Refresh", false},  {"#1", false},          {"#2", true},         {"Edit", true},
-        {"Cancel;#2", true}, {"Edit;Update", false}, {"#2;Refresh", true}, {"Delete", false},
-        {"#2", true},        {"No;Delete", false},   {"#2", true},         {"Yes;Delete", false}};
-    OneWindow run(kChemical);
-    for (const auto& [steps, marked] : cases) {
-        run.Do(steps);
-        EXPECT_EQ(run.Chemicals().txtEgen.Visible, marked) << steps;
-    }
-    EXPECT_EQ(run.Boxes().size(), 2U);
-}
-
-TEST(Maintenance, ADeletedChemicalTakesItsVerdictsAlong) {
-    OneWindow run(kChemical, "Svenska",
-                  "UPDATE $t SET Egen = -1; CREATE TRIGGER stop$t BEFORE DELETE ON relTight "
-                  "WHEN OLD.ConcID = 3 BEGIN SELECT RAISE(ABORT, 'No.'); END;");
-    run.Do("#1;Yes;Delete");
-    EXPECT_EQ(run.Changes(), "-relMetal|1| -relPlast|1| ");
-    run.Do("!UPDATE relTight SET ConcID = 2 WHERE ConcID = 3;#1;Yes;Delete");
-    EXPECT_EQ(run.Changes(), "-Chemical|1| -relMisc|1| -relTight|1| ");
-    EXPECT_EQ(run.Boxes().size(), 3U);
-}
-
-TEST(Maintenance, TheAccessCodeOrAltOnCancelOpensTheEditMode) {
-    const std::pair<const char*, bool> cases[] = {
-        {"?ordak;Alt+Close", false},
-        {"?;Alt+Close", false},                               // cancelled
-        {"#2;Edit;Alt+Cancel;X;Open;#2;Edit;Cancel", false},  // forgotten with the window
-        {"#2;Edit;Alt+Cancel;Update", false},
-        {"#2;Edit;Cancel;Close", true},
-        {"Open;?ordaK;Alt+Close", true}};
+TEST(Maintenance, OwnChemicalsAreMarkedAndACodeOrAltOnCancelOpensTheOthers) {
+    const std::tuple<const char*, bool, bool> cases[] = {
+        {"?ordak;Alt+Close;#1", false, false},
+        {"?;Alt+Close;#2", true, false},                            // cancelled
+        {"Edit;Alt+Cancel;X;Open;#2;Edit;Cancel;#2", true, false},  // forgotten with the window
+        {"Refresh", true, false},
+        {"Delete", false, false},
+        {"#2;No;Delete", false, false},
+        {"#2;Edit;Alt+Cancel;Update", false, false},
+        {"#2;Edit;Cancel;Close", false, true},
+        {"Open;?ordaK;Alt+Close", false, true}};
     OneWindow run(kChemical);
     run.Form->cmdClose.InputFocus();
     run.Form->InputKey('A', platform::shift::Shift + platform::shift::Ctrl);
-    for (const auto& [steps, opens] : cases) {
+    for (const auto& [steps, marked, opens] : cases) {
         run.Core.gRedigeraAllt = false;
         run.Do(steps);
+        EXPECT_EQ(run.Chemicals().txtEgen.Visible, marked) << steps;
         EXPECT_EQ(run.Core.gRedigeraAllt, opens) << steps;
     }
     EXPECT_EQ(run.Desktop.Logged("input").back(), "input Lösen: Lösen?");
+    EXPECT_EQ(run.Boxes().size(), 1U);
 }
 
 TEST(Maintenance, TheEditModeUnlocksDeliveredRecordsInEveryWindow) {
@@ -491,17 +411,15 @@ TEST(Maintenance, TheEditModeUnlocksDeliveredRecordsInEveryWindow) {
         const bool chemicals = window == &kChemical;
         OneWindow run(*window);
         run.Core.gRedigeraAllt = true;
-        EXPECT_EQ(run.Do("#1"), kOwn) << window->Table;
-        EXPECT_EQ(run.Do("Edit;Update;Refresh;Add;N=Ny;Update;#2"), kOwn);
-        EXPECT_FALSE(chemicals && run.Chemicals().txtEgen.Visible);
+        EXPECT_EQ(run.Do("#1;Edit;Update;Refresh;Add;N=Ny;Update;#2"), kOwn) << window->Table;
         const std::string egen = OneWindow::On(*window, "SELECT Egen FROM $t WHERE ID = 1 OR $n LIKE 'Ny%'");
         EXPECT_EQ(run.Ask(egen), Strings(2, chemicals ? "0" : "-1"));
+        run.Changes();
         EXPECT_EQ(run.Do("#1;Yes;Delete;Close;Open;Add;Cancel"), kOwn);  // no record chosen yet
-        EXPECT_EQ(run.Ask(egen).size(), 1U);
+        EXPECT_EQ(run.Changes(),
+                  "-" + std::string(window->Table) +
+                      (chemicals ? "|1| -relMetal|1| -relMisc|1| -relPlast|1| -relTight|1| " : "|1| "));
         EXPECT_EQ(run.Boxes().size(), 1U);
-        run.Do("Close");
-        test::Press(run.Main(), platform::key::Escape);
-        EXPECT_FALSE(run.Main().IsLoaded());
     }
 }
 
