@@ -91,7 +91,10 @@ std::string InTabOrder(const platform::Form& form, const platform::Control* cont
     std::string names;
     for (const platform::Control* control : form.Controls()) {
         if (control->Container() == container) {
-            names += control->TakesFocus() && control->Reachable() ? control->FullName() + " " : "";
+            const auto* option = dynamic_cast<const platform::OptionButton*>(control);
+            const bool stops =
+                control->TakesFocus() && control->Reachable() && (option == nullptr || option->Value);
+            names += stops ? control->FullName() + " " : "";
             names += InTabOrder(form, control);
         }
     }
