@@ -27,7 +27,9 @@ TEST(SheetWindow, ShowsTheTextsOfTheLanguageChosenInIt) {
             EXPECT_TRUE(sheet.opt1Språk(option).Value);
             EXPECT_EQ(Shown(sheet), texts[option]);
             EXPECT_EQ(sheet.imgBild(0).Visible, option != 0);
+            EXPECT_EQ(sheet.imgBild(1).Visible, option == 0);
             EXPECT_EQ(sheet.Caption, run.T("R0001"));
+            EXPECT_EQ(sheet.Icon, run.Main().Icon);
             run.Boxes();
             sheet.lvwMaterial.Select(3);
             for (const int other : {1, 2, 0}) {
@@ -63,6 +65,8 @@ TEST(SheetWindow, ShowsTheFormulaSetOrPlain) {
             EXPECT_EQ(sheet.oFormula1.Font->Name, "Arial");
             EXPECT_TRUE(sheet.oFormula1.Locked);
             EXPECT_EQ(sheet.lblÄndrad.Visible, id >= 3);
+            EXPECT_TRUE(sheet.lblÄndrad.Font->Bold);
+            EXPECT_EQ(sheet.lblÄndrad.ForeColor, platform::Colour::Warning);
         });
     }
     run.OpenSheet(2, [](frmChemical& sheet) {
@@ -89,6 +93,12 @@ TEST(SheetWindow, OfAChemicalThatIsGoneIsEmpty) {
         EXPECT_TRUE(run.Desktop.Ended());
         EXPECT_EQ(run.Folder.Files(), Strings{"Vemora.mdb"});
     }
+    Running run("Deutsch");
+    run.OpenSheet(-1, [](frmChemical& sheet) {
+        EXPECT_EQ(test::Columns(sheet.lvwMaterial),
+                  (Strings{"Wert 620 sort-ascending", "Name 1200", "Beschreibung 11500"}));
+        EXPECT_EQ(sheet.oFormula1.PlainText(), "");
+    });
 }
 
 TEST(SheetWindow, TheSwitchOfTheSelectionTellsWhatItDoesNext) {
@@ -151,6 +161,7 @@ TEST(SheetWindow, ItsListFollowsItsSizeAndItsLastColumnTheNextRefresh) {
         } cases[] = {{15000, 9000, platform::vbNormal, 14760, 4700},
                      {160, 28, platform::vbMinimized, 14760, 4700},
                      {241, 4301, platform::vbNormal, 1, 1},
+                     {240, 4180, platform::vbNormal, 1, 1},
                      {20000, 10000, platform::vbMaximized, 19760, 5700}};
         for (const auto& size : cases) {
             sheet.InputResize(size.Width, size.Height, size.State);
@@ -168,9 +179,13 @@ TEST(SheetWindow, EscClosesItExceptInTheDropDownLists) {
     run.OpenSheet(1, [&](frmChemical& sheet) {
         test::Press(sheet, platform::key::Escape);
         sheet.cboTemp.InputFocus();
+        sheet.InputActivate();  // only the first time sets anything
         test::Press(sheet, platform::key::Escape);
         EXPECT_EQ(sheet.ActiveControl(), &sheet.cboTemp);
         sheet.lvwMaterial.InputFocus();
+        for (const int other : {33, 34, 35, 36, 38, 40}) {
+            EXPECT_FALSE(sheet.InputKey(other));
+        }
         EXPECT_TRUE(sheet.IsLoaded());
         EXPECT_TRUE(sheet.InputKey(platform::key::Escape, 0, platform::key::Escape));
         EXPECT_FALSE(sheet.IsLoaded());
@@ -179,7 +194,9 @@ TEST(SheetWindow, EscClosesItExceptInTheDropDownLists) {
 
 TEST(SheetWindow, EachOpeningBeginsAsDesigned) {
     Running run;
-    run.OpenSheet(1, [](frmChemical& sheet) {
+    Strings rows;
+    run.OpenSheet(1, [&](frmChemical& sheet) {
+        rows = test::Rows(sheet.lvwMaterial);
         sheet.InputResize(20000, 12000);
         sheet.chkFilter.InputClick();
         sheet.chkVärde(3).InputClick();
@@ -187,13 +204,17 @@ TEST(SheetWindow, EachOpeningBeginsAsDesigned) {
         sheet.cboConc.InputIndex(1);
         sheet.opt1Språk(1).InputClick();
         sheet.lvwMaterial.InputColumnClick(1);
+        sheet.lvwMaterial.InputColumnClick(1);
+        sheet.InputClose();
     });
     EXPECT_EQ(run.Sheet().Nyckel(), -1);
-    run.OpenSheet(1, [](frmChemical& sheet) {
-        EXPECT_EQ(sheet.lvwMaterial.ItemCount(), 12);
+    run.OpenSheet(1, [&](frmChemical& sheet) {
+        EXPECT_EQ(test::Rows(sheet.lvwMaterial), rows);
         EXPECT_EQ(sheet.lvwMaterial.Width, 13440);
         EXPECT_EQ(sheet.chkMaterial(1).Value, 1);
+        EXPECT_EQ(sheet.chkVärde(3).Value, 0);
         EXPECT_TRUE(sheet.opt1Språk(2).Value);
+        EXPECT_EQ(Shown(sheet), "Saltsyra/Klorväte/Ryker i luft");
         EXPECT_EQ(sheet.lvwMaterial.SortKey, 0);
         EXPECT_EQ(sheet.ActiveControl(), &sheet.cboConc);
     });
