@@ -330,26 +330,6 @@ TEST_F(Adodb, TellsItsObserversOnce) {
     EXPECT_EQ(ErrorOf([&] { database.Open(connection); }), errors::ObjectOpen);
 }
 
-TEST_F(Adodb, RunsManyRecordSetsAtOnce) {
-    const std::string statement = "SELECT ID FROM Metal ORDER BY ID";
-    auto outer = Open(statement, adOpenForwardOnly, adLockReadOnly);
-    std::string seen;
-    for (; !outer.Eof(); outer.MoveNext()) {
-        Recordset inner;
-        inner.Open(statement, connection);
-        connection.Execute("UPDATE Metal SET Med = 0 WHERE ID = " + inner["ID"].Text());
-        seen += outer["ID"].Text() + Rest(inner) + " ";
-        // More texts than are kept, while this one runs.
-        for (int i = 0; i < 300; ++i) {
-            Recordset dropped;  // as the tests for a row do, without Close
-            dropped.Open("SELECT ID FROM Metal WHERE ID <> " + std::to_string(i), connection);
-        }
-    }
-    EXPECT_EQ(seen, "11/2/3 21/2/3 31/2/3 ");
-    Recordset moved = std::move(outer);
-    EXPECT_TRUE(moved.Eof());
-}
-
 TEST(Value, ConvertsAsTheSystemDoes) {
     const std::pair<const char*, long> cases[] = {
         {" -12 ", -12}, {"+5", 5}, {"7.0", 7}, {"2147483647", 2147483647}};

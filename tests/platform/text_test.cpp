@@ -101,28 +101,6 @@ TEST(Fold, MakesTextsEqualByOneRuleEverywhere) {
     }
 }
 
-TEST(Fold, TakesCaseAndFormOutOfEveryCharacter) {
-    UErrorCode status = U_ZERO_ERROR;
-    const auto* apart = icu::Normalizer2::getNFDInstance(status);
-    const auto utf8 = [](const icu::UnicodeString& wide) {
-        std::string text;
-        return wide.toUTF8String(text);
-    };
-    for (UChar32 c = 1; c < 0x30000; ++c) {
-        // The two forms of the Turkish i are letters, not cases.
-        if (U_IS_SURROGATE(c) || c == 0x130 || c == 0x131) {
-            continue;
-        }
-        const std::string text = utf8(c), folded = Folded(text);
-        ASSERT_EQ(Folded(utf8(u_toupper(c))), folded) << std::hex << c;
-        ASSERT_EQ(Folded(utf8(apart->normalize(c, status))), folded) << std::hex << c;
-        if (text != folded) {
-            ASSERT_EQ(Compare(text, folded), 0) << std::hex << c;
-            ASSERT_TRUE(Like(text, "%" + folded + "%")) << std::hex << c;
-        }
-    }
-}
-
 // The short cuts and the keys must agree with the library, and ties with the folded texts.
 TEST(Collation, IsSwedishHoweverItIsReached) {
     const std::vector<std::string> order = {"-",      "10",  "2",    "20oC", "20ºC",  "aceton", "ACETON 2",

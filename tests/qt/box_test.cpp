@@ -70,21 +70,5 @@ TEST(Box, ShowsItsIconAndTitleAndHidesTheHourglassMeanwhile) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-TEST(Box, TheLanguageFileThatCantBeReadIsReportedOnce) {
-    std::unique_ptr<qt::QtDesktop> desktop;
-    int asked = 0;
-    const auto box = [&] {
-        WhileBox([](QMessageBox& up) { up.close(); });
-        desktop->MsgBox("can't be read", platform::msg::Critical, std::nullopt);
-    };
-    desktop = std::make_unique<qt::QtDesktop>([&] {
-        ++asked;
-        box();
-        return std::string();
-    });
-    box();
-    EXPECT_EQ(asked, 1);
-}
-
 }  // namespace
 }  // namespace test

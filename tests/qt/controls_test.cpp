@@ -153,53 +153,5 @@ TEST_F(ControlsTest, AListIsChosenFromByKeysAndKeepsItsWidth) {
     EXPECT_EQ(ClippedTexts(*Window).size(), 1U);
 }
 
-TEST_F(ControlsTest, AFormulaIsDrawnLowAndHighAndReadAloud) {
-    auto* widget = WidgetOf<QWidget>(Form.oFormula1);
-    Form.oFormula1.ToolTipText = "<b>bold</b> & plain";
-    const auto picture = [&](const char* rtf) {
-        Form.oFormula1.SetRichText(rtf);
-        S.Desktop.Flush();
-        return widget->grab().toImage();
-    };
-    const QImage plain = picture("H2O");
-    const QImage low = picture("{\\rtf1 H{\\sub 2}O}");
-    EXPECT_NE(plain, low);
-    EXPECT_NE(low, picture("{\\rtf1 H{\\super 2}O}"));
-    EXPECT_EQ(widget->accessibleName(), "Språk H2O");
-    EXPECT_TRUE(widget->toolTip().contains("&lt;b&gt;bold"));  // no marking
-}
-
-TEST_F(ControlsTest, TheWarningCanBeReadOnEveryGround) {
-    for (const int grey : {0, 45, 100, 118, 160, 239, 255}) {
-        QPalette palette;
-        palette.setColor(QPalette::Window, QColor(grey, grey, grey));
-        EXPECT_GE(qt::Contrast(qt::WarningColour(palette), QColor(grey, grey, grey)), 4.5) << grey;
-    }
-    const QPalette before = QApplication::palette();
-    QPalette dark = before;
-    dark.setColor(QPalette::Window, Qt::black);
-    QApplication::setPalette(dark);
-    const auto shown = [&] { return WidgetOf<QLabel>(Form.lblOwn)->palette().color(QPalette::WindowText); };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == qt::WarningColour(dark); }));
-    QApplication::setPalette(before);
-}
-
-TEST_F(ControlsTest, WhatDoesNotFitIsFound) {
-    EXPECT_EQ(ClippedTexts(*Window), Log{});
-    for (const char* name : {"lblName", "fraKind", "optKind(0)", "chkOwn", "cmdOk"}) {
-        Form.ControlNamed(name)->SetCaption("A text that is much longer than its place");
-    }
-    Form.lvw.SetColumnWidth(1, 300);
-    Form.lblOwn.Top = 4700;
-    Form.lblLang.Top = 300;
-    Form.chkFlat.Left = 6700;  // lies outside as a whole: waits for the window to be made larger
-    S.Desktop.Flush();
-    Log found = ClippedTexts(*Window);
-    std::sort(found.begin(), found.end());
-    EXPECT_EQ(found, (Log{"cboLang lies upon lblLang", "chkOwn cuts its text", "cmdOk cuts its text",
-                          "fraKind cuts its text", "lblName cuts its text", "lblOwn sticks out",
-                          "lvw: Number", "optKind(0) cuts its text"}));
-}
-
 }  // namespace
 }  // namespace test

@@ -86,16 +86,6 @@ TEST_F(FormulaTest, UndoTakesBackWhatWasTypedWithItsHeights) {
     EXPECT_EQ(Press("Ctrl+Z, Ctrl+Shift+Z", "H"), "H2O^{+}H");
 }
 
-TEST_F(FormulaTest, AHeightAskedForLastsUntilTheCaretIsMoved) {
-    Press("Ctrl+Up", "x3y");
-    EXPECT_EQ(Press("Backspace", "z"), "^{x3z}");
-    EXPECT_EQ(Press("Left, Right", "C2"), "^{x3z}C_{2}");
-    EXPECT_EQ(Press("Ctrl+Down", "n"), "^{x3z}C_{2n}");
-    // Typed between equal characters that are set: it is no part of them.
-    Set("{\\rtf1{\\super ee}}");
-    EXPECT_EQ(Press("Left", "e"), "^{e}e^{e}");
-}
-
 TEST_F(FormulaTest, KeysOfTheWindowTypeNothing) {
     // Stored lines stay, what the window sets can't be taken back, and no key makes a line.
     Set("{\\rtf1 C{\\sub 2}\\par O}");
@@ -169,25 +159,6 @@ TEST_F(FormulaTest, InputMethodsAndScreenReadersWriteAsWell) {
         reader->setText(QAccessible::Value, "x");
         EXPECT_EQ(Shown(), locked ? "SO_{4}H_{2}O" : "x");
     }
-}
-
-TEST_F(FormulaTest, StaysOnTheLineOnWhichItIsRead) {
-    // The stem of the "H" stands on it.
-    const auto bottom = [this](bool locked, const char* rtf) {
-        Formula.Locked = locked;
-        Set(rtf);
-        const QImage image = Edit->grab().toImage();
-        QPoint at(image.height() / 4, image.height() / 2);
-        for (; image.pixelColor(at).lightness() > 128; at.rx()++) {
-        }
-        for (; image.pixelColor(at).lightness() < 128; at.ry()++) {
-        }
-        return at.y();
-    };
-    Form.txtName.SetFocus();
-    Formula.Font = {"Arial", 10};
-    EXPECT_EQ(bottom(false, "{\\rtf1 H}"), bottom(true, "{\\rtf1 H}"));
-    EXPECT_EQ(bottom(false, "{\\rtf1 H{\\super +}}"), bottom(true, "{\\rtf1 H}"));
 }
 
 }  // namespace

@@ -152,26 +152,6 @@ TEST_F(WindowTest, ChangesOfTheFormAreNoInput) {
     EXPECT_EQ(WidgetOf<QLineEdit>(Form.txtName)->text(), "x");
 }
 
-TEST_F(WindowTest, RefreshPaintsWhileTheEventStillRuns) {
-    struct Paints : QObject {
-        bool eventFilter(QObject*, QEvent* event) override {
-            Count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-        int Count = 0;
-    } paints;
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(Window));
-    auto* label = WidgetOf<QLabel>(Form.lblName);
-    label->installEventFilter(&paints);
-    Form.cmdOk.Click = [&] {
-        Form.lblName.Caption = "Searching";
-        Form.Refresh();
-        EXPECT_EQ(label->text(), "Searching");
-    };
-    Key(Qt::Key_Return);
-    EXPECT_EQ(paints.Count, 1);
-}
-
 TEST_F(WindowTest, AModalWindowHoldsItsCallerUntilItIsUnloaded) {
     Entry child(S.Desktop, "frmChild");
     Form.cmdOk.Click = [&] {

@@ -125,21 +125,6 @@ TEST(Create, ReplacesOnlyWhenToldAndOnlyWhenItWorks) {
 }
 
 #ifdef SIGHUP
-TEST(Create, LeavesNothingWhenTheTerminalIsClosed) {
-    const Publisher publisher;
-    publisher.TakeShippedData();  // enough for a while
-    const auto hangUp = [&](void (*before)(int)) {
-        std::signal(SIGHUP, before);
-        vemora_db::CatchInterrupts();
-        std::raise(SIGHUP);
-        const Outcome outcome = publisher.Run({"create", "/data", "/Vemora.mdb"});
-        std::cerr << outcome.Err;
-        std::exit(static_cast<int>(outcome.Exit));
-    };
-    EXPECT_EXIT(hangUp(SIG_DFL), testing::ExitedWithCode(4), "stopped; nothing was changed");
-    EXPECT_EQ(publisher.Files(), std::set<std::string>{"data"});
-    EXPECT_EXIT(hangUp(SIG_IGN), testing::ExitedWithCode(0), "");  // as nohup has it
-}
 #endif
 
 TEST(Create, RefusesBadDataWithTheirPlaceAndLeavesNothing) {
@@ -205,20 +190,6 @@ TEST(Create, RefusesBadDataWithTheirPlaceAndLeavesNothing) {
     EXPECT_EQ(missing.Exit, Status::Failed);
     EXPECT_TRUE(Has(missing.Err, "verdicts-tight.csv: there is no such file"));
     EXPECT_EQ(publisher.Files(), std::set<std::string>{"data"});
-}
-
-TEST(Help, TeachesEachCommandByExample) {
-    const Publisher publisher;
-    for (const std::string command : {"", "create", "export", "check"}) {
-        const Outcome outcome = publisher.Run({command.empty() ? "--help" : command, "--help"});
-        EXPECT_EQ(outcome.Exit, Status::Fine);
-        const std::string example = "Examples:\n  vemora-db " + (command.empty() ? "create" : command);
-        EXPECT_TRUE(Has(outcome.Out, example)) << outcome.Out;
-    }
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{}, {"make"}, {"check"}, {"check", "/Vemora.mdb", "--password", "mora"}}) {
-        EXPECT_EQ(publisher.Run(arguments).Exit, Status::WrongUsage);
-    }
 }
 
 TEST(ShippedData, AreSoundAndStandAsExportWritesThem) {

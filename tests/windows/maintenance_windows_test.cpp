@@ -50,6 +50,13 @@ struct OneWindow : test::Session {
         Form = &dynamic_cast<RecordWindow&>((Core.Windows.*kept.Window)());
         Do("Open");
     }
+    ~OneWindow() {
+        Form->InputClose();
+        Main().InputClose();
+        platform::Store store(Folder.Database(), test::kPassword, platform::Store::Access::ReadOnly);
+        platform::Statement check = store.Prepare("PRAGMA integrity_check");
+        EXPECT_TRUE(check.Step() && check.Text(0) == "ok");
+    }
     static std::string On(const Kept& kept, const std::string& sql) {
         return platform::Replace(platform::Replace(sql, "$t", kept.Table), "$n", kept.Name);
     }
