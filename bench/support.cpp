@@ -168,6 +168,10 @@ void BareStore::Closer::operator()(sqlite3* db) const {
     sqlite3_close(db);
 }
 
+void BareStore::Closer::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
 BareStore::BareStore(const fs::path& file) {
     sqlite3* db = nullptr;
     const int code =
@@ -176,31 +180,54 @@ BareStore::BareStore(const fs::path& file) {
     if (code != SQLITE_OK || sqlite3_key(db, kPassword, 6) != SQLITE_OK) {
         throw std::runtime_error("the bare store doesn't open");
     }
-    for (const char* sql : {"PRAGMA cipher_page_size = 4096", "PRAGMA kdf_iter = 64000",
-                            "PRAGMA locking_mode = EXCLUSIVE", "PRAGMA cache_size = -131072",
-                            "PRAGMA temp_store = MEMORY", "SELECT count(*) FROM sqlite_master"}) {
+    for (const char* sql :
+         {"PRAGMA cipher_page_size = 4096", "PRAGMA kdf_iter = 64000", "PRAGMA locking_mode = EXCLUSIVE",
+          "PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL", "PRAGMA cache_size = -131072",
+          "PRAGMA temp_store = MEMORY", "SELECT count(*) FROM sqlite_master"}) {
         sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
     }
 }
 
 BareStore::~BareStore() = default;
 
-long BareStore::ReadAll(const std::string& sql) const {
+std::unique_ptr<sqlite3_stmt, BareStore::Closer> BareStore::Prepare(const std::string& sql) const {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(db_.get(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
         throw std::runtime_error(sqlite3_errmsg(db_.get()));
     }
+    return std::unique_ptr<sqlite3_stmt, Closer>(statement);
+}
+
+long BareStore::ReadAll(const std::string& sql, long most) const {
+    const auto statement = Prepare(sql);
     long rows = 0;
     std::size_t bytes = 0;
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        for (int i = 0; i < sqlite3_column_count(statement); ++i) {
-            sqlite3_column_text(statement, i);
-            bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement, i));
+    while (rows < most && sqlite3_step(statement.get()) == SQLITE_ROW) {
+        for (int i = 0; i < sqlite3_column_count(statement.get()); ++i) {
+            sqlite3_column_text(statement.get(), i);
+            bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement.get(), i));
         }
         ++rows;
     }
-    sqlite3_finalize(statement);
     return bytes > 0 ? rows : 0;
+}
+
+void BareStore::RunEach(const std::string& sql, int last) const {
+    const auto statement = Prepare(sql);
+    for (int id = 1; id <= last; ++id) {
+        sqlite3_bind_int(statement.get(), 1, id);
+        if (sqlite3_step(statement.get()) != SQLITE_DONE) {
+            throw std::runtime_error(sqlite3_errmsg(db_.get()));
+        }
+        sqlite3_reset(statement.get());
+    }
+}
+
+std::string BareStore::Plan(const std::string& sql) const {
+    const auto statement = Prepare("EXPLAIN QUERY PLAN " + sql);
+    return sqlite3_step(statement.get()) == SQLITE_ROW
+               ? reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 3))
+               : "";
 }
 
 int NullDesktop::MsgBox(const std::string& text, int, const std::optional<std::string>&) {

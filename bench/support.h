@@ -4,12 +4,14 @@
 #pragma once
 
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <string>
 
 #include "platform/forms/desktop.h"
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace bench {
 
@@ -32,13 +34,20 @@ class BareStore {
     BareStore(const BareStore&) = delete;
     BareStore& operator=(const BareStore&) = delete;
 
-    /// Runs a statement and reads every column of every row as text; returns the number of rows.
-    long ReadAll(const std::string& sql) const;
+    /// Runs a statement and reads every column of every row, or of the first few, as text; returns the
+    /// number of rows.
+    long ReadAll(const std::string& sql, long most = std::numeric_limits<long>::max()) const;
+    /// Runs one prepared statement for each ID from 1 on, each on the disk when it returns.
+    void RunEach(const std::string& sql, int last) const;
+    /// How the store would look for the rows.
+    std::string Plan(const std::string& sql) const;
 
   private:
     struct Closer {
         void operator()(sqlite3* db) const;
+        void operator()(sqlite3_stmt* statement) const;
     };
+    std::unique_ptr<sqlite3_stmt, Closer> Prepare(const std::string& sql) const;
     std::unique_ptr<sqlite3, Closer> db_;
 };
 

@@ -167,6 +167,32 @@ keep() {
     keys Return
     wait_for "the hits" settled
     picture "$language-7-own"
+
+    # A verdict of one's own for it: what is chosen is chosen by keys alone.
+    open_from_menu m r "Resistance – Metal"
+    xdotool type --delay 40 "Tour"
+    keys Tab Down Down Tab Down Tab Tab Down Tab Down
+    picture "$language-8-chosen"
+    keys alt+s
+    picture "$language-8-resistance"
+    keys alt+o
+    wait_for "the end of the resistance" active_is "$main_title"
+    keys shift+Tab shift+Tab shift+Tab Tab Tab Tab Return
+    wait_for "the sheet" two_windows "$word"
+    keys ctrl+c
+    wait_for "the message" window '^Vemora$'
+    xclip -selection clipboard -o | grep -q "own" || fail "the verdict is not on the sheet"
+    keys Return
+    wait_for "the sheet again" two_windows "$word"
+    keys alt+o
+    wait_for "the sheet's end" active_is "$main_title"
+
+    # What takes part: the next page, its first row, and the save.
+    open_from_menu m e "Selection: Concentration"
+    keys ctrl+Next Tab Tab Down space
+    picture "$language-9-settings"
+    keys alt+o
+    wait_for "the end of the settings" active_is "$main_title"
 }
 settled() { sleep 0.3; }
 main=

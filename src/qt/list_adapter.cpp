@@ -3,6 +3,7 @@
 
 #include "qt/list_adapter.h"
 
+#include <QScopedValueRollback>
 #include <algorithm>
 
 #include "qt/form_window.h"
@@ -46,10 +47,11 @@ ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
                      [this](int section) { Report([this, section] { list_.InputColumnClick(section); }); });
     // A column that the user drags wider is wider for the windows, too.
     QObject::connect(header_, &QHeaderView::sectionResized, Context(), [this](int section, int, int px) {
-        if (Window().Live() && !Window().Flushing() && section < list_.ColumnCount() && px > 0) {
+        if (!fitting_ && Window().Live() && !Window().Flushing() && section < list_.ColumnCount() && px > 0) {
             list_.SetColumnWidth(section, Window().Measure().Twips(px));
         }
     });
+    QObject::connect(widget_, &ListWidget::Resized, Context(), [this] { FitLastColumn(); });
 }
 
 void ListViewAdapter::Release() {
@@ -89,6 +91,27 @@ void ListViewAdapter::CarryWidths() {
         if (width != 0) {
             header_->resizeSection(i, std::max(Window().Measure().Px(width), least));
         }
+    }
+    FitLastColumn();
+}
+
+// Columns that have room in the list fill it: the last one goes to the edge, or gives way to the scroll bar.
+void ListViewAdapter::FitLastColumn() {
+    const QScopedValueRollback<bool> guard(fitting_, true);
+    const int least = header_->minimumSectionSize();
+    int last = -1;
+    int others = 0;
+    int wanted = 0;
+    for (int i = 0; i < list_.ColumnCount() && i < header_->count(); ++i) {
+        if (list_.Column(i).Width != 0) {
+            others += wanted;
+            wanted = std::max(Window().Measure().Px(list_.Column(i).Width), least);
+            last = i;
+        }
+    }
+    if (last >= 0) {
+        const bool fits = others + wanted <= widget_->contentsRect().width();
+        header_->resizeSection(last, fits ? std::max(widget_->viewport()->width() - others, least) : wanted);
     }
 }
 

@@ -25,6 +25,7 @@ class ListViewAdapter final : public WidgetAdapter {
 
   private:
     void CarryWidths();
+    void FitLastColumn();
     void CarrySelection();
     void CarrySeveral();
     std::vector<int> SelectedRows() const;
@@ -37,6 +38,7 @@ class ListViewAdapter final : public WidgetAdapter {
     std::uint64_t rows_ = 0;
     std::uint64_t columns_ = 0;
     std::uint64_t checks_ = 0;
+    bool fitting_ = false;
     int linePx_ = 0;
 };
 

@@ -146,4 +146,9 @@ void ListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     }
 }
 
+void ListWidget::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    emit Resized();
+}
+
 }  // namespace qt

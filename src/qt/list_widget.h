@@ -25,6 +25,8 @@ class ListWidget final : public QTreeView {
     void Clicked();
     /// A double click anywhere in the list, on its empty part too.
     void DoubleClicked();
+    /// The room for the columns has changed.
+    void Resized();
 
   protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
@@ -33,6 +35,7 @@ class ListWidget final : public QTreeView {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     bool pressing_ = false;

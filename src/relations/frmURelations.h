@@ -70,7 +70,9 @@ class frmURelations final : public Window {
         {{0, {.Left = 8280, .Top = 5805, .Width = 1335, .Height = 405, .Tag = "R0298"}},
          {1, {.Left = 9735, .Top = 5805, .Width = 1335, .Height = 405, .Tag = "R0220"}}}};
     platform::CommandButton cmdClose{
-        *this, "cmdClose", {.Left = 11025, .Top = 6360, .Width = 1335, .Height = 405, .Tag = "R0148"}};
+        *this,
+        "cmdClose",
+        {.Left = 11025, .Top = 6360, .Width = 1335, .Height = 405, .Tag = "R0148", .Cancel = true}};
     platform::Image imgRel{
         *this, "imgRel", {.Left = 11160, .Top = 120, .Width = 1200, .Height = 705, .Picture = "relation"}};
 

@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTreeView>
 #include <tuple>
 
@@ -262,6 +264,50 @@ TEST(RealWindows, AChemicalIsAddedByKeyboardAndTheEditModeOpened) {
     EXPECT_EQ(rs["NameSE"].Text() + rs["Formula"].Text(), "ProvsyraH2SO4");
     EXPECT_NE(rs["FormulaRTF"].Text().find("{\\sub 4}"), std::string::npos);
     rs.Close();
+    main->close();
+}
+
+TEST(RealWindows, AVerdictIsStatedAndAChoiceMadeByKeyboard) {
+    Shown run("Svenska");
+    QWidget* main = run.Start();
+    const auto keys = [](std::initializer_list<std::pair<int, Qt::KeyboardModifiers>> all) {
+        for (const auto& [code, with] : all) {
+            QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(code), with);
+            QApplication::processEvents();
+        }
+    };
+    const auto focused = [](QWidget* window, const char* name) {
+        return QTest::qWaitFor([&] { return QApplication::focusWidget() == Child<QWidget>(window, name); });
+    };
+    WhileUp("frmURelations", [&](QWidget* window) {
+        ASSERT_TRUE(focused(window, "lstChemicals"));
+        QTest::keyClicks(QApplication::focusWidget(), "sv");
+        keys({{Qt::Key_Tab, {}},
+              {Qt::Key_Down, {}},
+              {Qt::Key_Down, {}},
+              {Qt::Key_Tab, {}},
+              {Qt::Key_Down, {}}});
+        keys({{Qt::Key_PageDown, Qt::ControlModifier}});  // to the plastics, whose list gets the focus
+        EXPECT_TRUE(focused(window, "lvwPlast"));
+        keys({{Qt::Key_Down, {}}, {Qt::Key_Tab, {}}, {Qt::Key_Down, {}}, {Qt::Key_S, Qt::AltModifier}});
+        keys({{Qt::Key_Escape, {}}});
+        EXPECT_FALSE(window->isVisible());
+    });
+    run.Program.Main.Windows.URelations().Show(platform::vbModal);
+    WhileUp("frmInställningar", [&](QWidget* window) {
+        auto* pages = Child<QTabWidget>(window, "SSTab1");
+        pages->tabBar()->setFocus();
+        keys({{Qt::Key_Right, {}}, {Qt::Key_Tab, {}}});
+        EXPECT_TRUE(focused(window, "lvwMetal"));
+        keys({{Qt::Key_Home, {}}, {Qt::Key_Down, Qt::ShiftModifier}, {Qt::Key_Space, {}}});
+        keys({{Qt::Key_Return, {}}});
+        EXPECT_FALSE(window->isVisible());
+    });
+    run.Program.Main.Windows.Inställningar().Show(platform::vbModal);
+    platform::adodb::Connection& cn = *run.Program.Main.gCn;
+    EXPECT_EQ(test::Ask(cn, "SELECT ConcID, TempID, PlastID, TheValue, Egen FROM relPlast WHERE ChemID = 2"),
+              "1|1|2|+|-1");
+    EXPECT_EQ(test::Ask(cn, "SELECT Name, Med FROM Metal"), "Stål|0/Zink|0/Guld|0");
     main->close();
 }
 

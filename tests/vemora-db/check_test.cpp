@@ -99,6 +99,7 @@ TEST(Check, TellsWhatIsWrongBetweenRowsAndWithTables) {
          "[Key] TEXT NOT NULL, PRIMARY KEY(Class, ID))",
          "error MaterialKey 1 the table has other collations"},
         {"CREATE INDEX ByName ON Chemical(NameSE)", "error ByName 1 this index doesn't belong there"},
+        {"DROP INDEX relMiscByMaterial", "error relMiscByMaterial 1 the index is missing"},
         {"PRAGMA user_version = 7", "error user_version 1 the mark of this generation of the database:"}};
     const Created publisher;
     for (const auto& [sql, said, rowsRead] : cases) {
@@ -123,16 +124,20 @@ TEST(Check, ReadsFormulas) {
 TEST(Check, FindsDamageAnywhereInTheFile) {
     const Created publisher;
     const std::string sound = publisher.Read("Vemora.mdb");
-    // A byte in every page that holds rows. What can't be opened at all is a failure, not a finding.
+    // A byte in every page. What can't be opened at all is a failure, not a finding: the first page, and the
+    // few with the tables' definitions.
+    std::size_t failed = 0;
     for (std::size_t at = 1000; at < sound.size(); at += 4096) {
         std::string bytes = sound;
         bytes[at] = static_cast<char>(bytes[at] ^ 1);
         publisher.Write("damaged.mdb", bytes);
         const Outcome outcome = publisher.Run({"check", "/damaged.mdb"});
-        EXPECT_EQ(outcome.Exit, at < 4096 ? Status::Failed : Status::Findings) << at;
+        EXPECT_TRUE(outcome.Exit == Status::Failed || (at > 4096 && outcome.Exit == Status::Findings)) << at;
+        failed += outcome.Exit == Status::Failed ? 1 : 0;
         EXPECT_TRUE(Has((outcome.Out + outcome.Err), at < 4096 ? "no database" : "damaged"))
             << outcome.Out << outcome.Err;
     }
+    EXPECT_LE(failed, 3U);
     publisher.Write("damaged.mdb", sound.substr(0, 5000));
     for (const std::string file : {"damaged.mdb", "missing.mdb"}) {
         const Outcome outcome = publisher.Run({"check", "/" + file});

@@ -240,6 +240,49 @@ TEST_F(Relations, ShowWhatTakesPartAndWhoseItIs) {
     });
 }
 
+TEST_F(Relations, StandOverWhatVanishesAndWhatCannotBeWritten) {
+    Run.Change("UPDATE relMetal SET TheValue = 'X' WHERE MetalID = 12");
+    Open([&] {
+        ChooseAll();
+        Click(0, 1);
+        EXPECT_EQ(State(), "S");  // there is a row, but its value is none that can be chosen
+        Choose(W->cboVärde, "0");
+        const Strings before = All();
+        {
+            const test::FullDisk full;
+            W->cmdKoppla(0).InputClick();
+            W->cmdKoppla(1).InputClick();
+        }
+        EXPECT_EQ(Run.Boxes(), Strings(2, Run.Report(platform::errors::DiskNotReady,
+                                                     "cmdKoppla_Click in Form frmURelations")));
+        EXPECT_EQ(State(), "LRS0");
+        EXPECT_EQ(All(), before);
+
+        // Materials and rows that went under the window: a row that is gone is not written anew, and a link
+        // to a material that is gone is a row like any other.
+        Run.Change("DELETE FROM relMetal WHERE MetalID = 12");
+        Run.Change("DELETE FROM Metal WHERE ID = 12");
+        const Strings less = All();
+        W->cmdKoppla(0).InputClick();
+        EXPECT_EQ(All(), less);
+        Click(0, 1);
+        Choose(W->cboVärde, "0");
+        W->cmdKoppla(0).InputClick();
+        EXPECT_EQ(Less(All(), less), Strings{"relMetal|1|1|1|12|0|-1"});
+
+        // A chemical that went shows what the one before it did, and a concentration that went is nobody's.
+        W->lstChemicals.InputIndex(2);
+        EXPECT_EQ(platform::PlainText(W->rtb.Content()), "H2SO4");
+        Run.Change("DELETE FROM Chemical WHERE Egen = -1");
+        Run.Change("DELETE FROM Temp WHERE Egen = -1");
+        W->lstChemicals.InputIndex(3);
+        Choose(W->cboTemp, "5º");
+        EXPECT_EQ(platform::PlainText(W->rtb.Content()), "H2SO4");
+        EXPECT_FALSE(W->txtEgenKem.Visible || W->txtEgenTemp.Visible);
+        EXPECT_TRUE(W->SSTab1.Enabled);
+    });
+}
+
 class RelationsInGerman : public Relations {
   protected:
     RelationsInGerman() : Relations("Deutsch") {}

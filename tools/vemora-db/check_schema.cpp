@@ -121,12 +121,13 @@ bool CheckSchema(platform::Store& store, Findings& findings) {
     for (const auto& [name, definition] : expected) {
         const auto other = found.find(name);
         if (other == found.end() || other->second.Type != definition.Type) {
-            findings.Add(Severity::Error, "the table is missing", name, "");
-            complete = false;
+            findings.Add(Severity::Error, "the " + definition.Type + " is missing", name, "");
+            complete = complete && definition.Type != "table";
         } else if (other->second.Columns != definition.Columns) {
             complete = CompareColumns(name, definition, other->second, findings) && complete;
         } else if (other->second.Sql != definition.Sql) {
-            findings.Add(Severity::Error, "the table has other collations, defaults or order of columns",
+            findings.Add(Severity::Error,
+                         "the " + definition.Type + " has other collations, defaults or order of columns",
                          name, "");
         }
     }
