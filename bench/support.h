@@ -65,7 +65,8 @@ class NullDesktop : public platform::Desktop {
     std::string InputBox(const std::string&, const std::string&) override { return {}; }
     bool OpenWebPage(const std::string&) override { return false; }
     int TextWidth(const platform::Font&, const std::string& text) const override;
-    void Repaint(platform::Form&) override {}
+    bool OpenSystemInformation() override { return false; }
+    void Paint() override {}
 
   protected:
     void Quit() override {}

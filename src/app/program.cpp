@@ -3,6 +3,7 @@
 
 #include "app/program.h"
 
+#include "about/frmAbout.h"
 #include "maintenance/frmUChemicals.h"
 #include "maintenance/frmUConcentration.h"
 #include "maintenance/frmUMaterial.h"
@@ -12,6 +13,7 @@
 #include "settings/frmInstallningar.h"
 #include "sheet/frmChemical.h"
 #include "texts/frmLang.h"
+#include "update/frmUPD.h"
 
 namespace vemora {
 
@@ -40,6 +42,8 @@ Program::Program(platform::Desktop& desktop, const std::filesystem::path& folder
     Main.Windows.UMisc = Maker(frmUMisc_);
     Main.Windows.URelations = Maker(frmURelations_);
     Main.Windows.Inställningar = Maker(frmInställningar_);
+    Main.Windows.UPD = Maker(frmUPD_);
+    Main.Windows.About = Maker(frmAbout_);
 }
 
 Program::~Program() = default;

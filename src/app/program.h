@@ -10,6 +10,7 @@
 
 namespace vemora {
 
+class frmAbout;
 class frmInställningar;
 class frmLang;
 class frmMain;
@@ -18,6 +19,7 @@ class frmUConcentration;
 class frmUMetal;
 class frmUMisc;
 class frmURelations;
+class frmUPD;
 class frmUPlast;
 class frmUTemperature;
 class frmUTight;
@@ -47,6 +49,8 @@ class Program {
     std::unique_ptr<vemora::frmUMisc> frmUMisc_;
     std::unique_ptr<vemora::frmURelations> frmURelations_;
     std::unique_ptr<vemora::frmInställningar> frmInställningar_;
+    std::unique_ptr<vemora::frmUPD> frmUPD_;
+    std::unique_ptr<vemora::frmAbout> frmAbout_;
 };
 
 }  // namespace vemora

@@ -70,7 +70,26 @@ bool mMain::ÖppnaDB() {
 }
 
 void mMain::ÖppnaWebbsida(const std::string& Adress) {
-    Screen.OpenWebPage(Adress.empty() ? "https://www.vemora.example/" : Adress);
+    const std::string& page = Adress.empty() ? Published.DefaultPage : Adress;
+    Screen.OpenWebPage(page.empty() ? PageInFolder("data") : page);
+}
+
+std::string mMain::PageInFolder(const std::string& name) const {
+    const char* const language = gSpråk == "Svenska" ? "sv" : gSpråk == "Deutsch" ? "de" : "en";
+    return platform::Utf8FromPath(platform::FindFolder(Folder, "pages") /
+                                  platform::PathFromUtf8(name + "-" + language + ".html"));
+}
+
+void Window::VisaBild(platform::ControlArray<platform::Image>& imgBild) const {
+    if (gSpråk == "Svenska") {
+        imgBild(0).Visible = true;
+        imgBild(1).Visible = false;
+    } else if (gSpråk == "English") {
+        imgBild(0).Visible = false;
+        imgBild(1).Visible = true;
+        imgBild(1).Left = imgBild(0).Left;
+        imgBild(1).Top = imgBild(0).Top;
+    }
 }
 
 void mMain::SetColWidth(platform::ListView& lvw) {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "core/published.h"
 #include "platform/adodb/adodb.h"
 #include "platform/forms/form.h"
 #include "texts/mTexter.h"
@@ -19,8 +20,7 @@ namespace vemora {
 class frmChemical;
 
 /// The windows that others show. Each is made at its first use and stays to the end of the run; the program
-/// fills the table, so that nobody need know more of a window than it uses. An empty place is a window that
-/// the program does not have.
+/// fills the table, so that nobody need know more of a window than it uses.
 struct Windows {
     using Any = std::function<platform::Form&()>;
     Any Lang, Main;
@@ -58,6 +58,7 @@ class mMain {
     const std::filesystem::path Folder;
     mTexter Texter;
     vemora::Windows Windows;
+    vemora::Published Published = BuiltIn();
 
     /// Every window of the program made so far.
     std::vector<platform::Form*> Forms;
@@ -91,6 +92,8 @@ class mMain {
 
     /// Opens a web page in the default browser; the program's own page for an empty address.
     void ÖppnaWebbsida(const std::string& Adress);
+    /// A page that lies in the program's folder: "data" or "manual", in the language of the program.
+    std::string PageInFolder(const std::string& name) const;
 
     /// Widens the columns of a list so that each heading can be read. A hidden column stays hidden.
     void SetColWidth(platform::ListView& lvw);
@@ -113,6 +116,8 @@ class Window : public platform::Form {
 
     std::string TextTillAndra(const std::string& Nyckel) const { return Main.TextTillAndra(Nyckel); }
     void SetTextOfForm() { Main.Texter.SetTextOfForm(*this); }
+    /// The picture of the language, in the place of the first; in any other language as designed.
+    void VisaBild(platform::ControlArray<platform::Image>& imgBild) const;
     void MousePointer(int shape) const { Screen().MousePointer(shape); }
 
     mMain& Main;

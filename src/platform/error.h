@@ -44,6 +44,7 @@ inline constexpr long NoObject = 91;
 inline constexpr long InvalidNull = 94;
 inline constexpr long TypeMismatch = 13;
 inline constexpr long RequiredField = 3314;
+inline constexpr long SubscriptOutOfRange = 9;
 inline constexpr long FileNotFound = 53;
 inline constexpr long PermissionDenied = 70;
 inline constexpr long DiskNotReady = 71;
@@ -56,6 +57,17 @@ inline constexpr long InvalidValue = 380;  // of a property
 inline constexpr long InvalidIndex = 381;  // of a property that is a list
 inline constexpr long IndexOutOfBounds = 35600;
 inline constexpr long KeyNotUnique = 35602;
+// Of the network.
+inline constexpr long TimedOut = 12002;
+inline constexpr long UnknownHost = 12007;
+inline constexpr long NoConnection = 12029;
+inline constexpr long ConnectionLost = 12030;
+inline constexpr long NoSuccess = 12150;  // the server has replied that there is no such thing, or the like
+inline constexpr long WrongType = 12151;  // a web page where a file was asked for
+inline constexpr long BadReply = 12152;
+inline constexpr long TooLarge = 12153;
+inline constexpr long Redirected = 12156;  // elsewhere, or round and round
+inline constexpr long NotSecure = 12157;   // a certificate that doesn't hold
 }  // namespace errors
 
 }  // namespace platform

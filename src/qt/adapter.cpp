@@ -58,7 +58,7 @@ bool Adapter::Filter(QEvent&) {
 }
 
 void Adapter::Report(const std::function<void()>& input) {
-    if (window_.Flushing()) {
+    if (window_.Flushing() || Application::IsDeaf()) {
         return;
     }
     const auto run = [this, input] {

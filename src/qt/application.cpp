@@ -10,7 +10,12 @@ namespace qt {
 bool Application::notify(QObject* receiver, QEvent* event) {
     const QScopedValueRollback<bool> guard(inUserEvent_);
     const QEvent::Type type = event->type();
-    if (event->isInputEvent() || type == QEvent::Shortcut || type == QEvent::InputMethod) {
+    const bool input = event->isInputEvent() || type == QEvent::Shortcut || type == QEvent::InputMethod;
+    if (deaf_ && (input || type == QEvent::Close)) {
+        event->setAccepted(type != QEvent::Close);
+        return true;
+    }
+    if (input) {
         inUserEvent_ = true;
     } else if (type == QEvent::MetaCall) {
         inUserEvent_ = false;  // a call from outside, in a loop that a key or a click has opened

@@ -22,9 +22,16 @@ class Application final : public QApplication {
         return QScopedValueRollback<bool>(inUserEvent_, false);
     }
 
+    /// While it lives, whatever the user does is dropped.
+    [[nodiscard]] static QScopedValueRollback<bool> TurnDeaf() {
+        return QScopedValueRollback<bool>(deaf_, true);
+    }
+    static bool IsDeaf() { return deaf_; }
+
   private:
     // The window system has threads of its own, with events of theirs.
     static inline thread_local bool inUserEvent_ = false;
+    static inline thread_local bool deaf_ = false;
 };
 
 }  // namespace qt

@@ -9,8 +9,11 @@
 #include <QEventLoop>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QStandardPaths>
+#include <QStringList>
 #include <QUrl>
 #include <algorithm>
 
@@ -213,11 +216,11 @@ void QtDesktop::Focus(platform::Control& control) {
     }
 }
 
-void QtDesktop::Repaint(platform::Form& form) {
-    if (FormWindow* const window = WindowOf(form)) {
-        window->Flush();
-        window->repaint();
-    }
+void QtDesktop::Paint() {
+    Flush();
+    const auto deaf = Application::TurnDeaf();
+    const auto guard = Application::EnterLoop();
+    QCoreApplication::processEvents();
 }
 
 // --- boxes ---
@@ -299,7 +302,20 @@ void QtDesktop::ClipboardSetText(const std::string& text) {
 }
 
 bool QtDesktop::OpenWebPage(const std::string& address) {
-    return QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+    const QString text = QString::fromStdString(address);
+    return QDesktopServices::openUrl(text.contains("://") ? QUrl(text) : QUrl::fromLocalFile(text));
+}
+
+bool QtDesktop::OpenSystemInformation() {
+    static const QStringList tools[] = {{"msinfo32"},
+                                        {"open", "-a", "System Information"},
+                                        {"kinfocenter"},
+                                        {"hardinfo"},
+                                        {"gnome-control-center", "info-overview"}};
+    return std::any_of(std::begin(tools), std::end(tools), [](const QStringList& tool) {
+        const QString program = QStandardPaths::findExecutable(tool.front());
+        return !program.isEmpty() && QProcess::startDetached(program, tool.mid(1));
+    });
 }
 
 int QtDesktop::TextWidth(const platform::Font& font, const std::string& text) const {

@@ -42,8 +42,9 @@ class QtDesktop final : public platform::Desktop {
     void ClipboardClear() override;
     void ClipboardSetText(const std::string& text) override;
     bool OpenWebPage(const std::string& address) override;
+    bool OpenSystemInformation() override;
     int TextWidth(const platform::Font& font, const std::string& text) const override;
-    void Repaint(platform::Form& form) override;
+    void Paint() override;
 
   protected:
     void Quit() override;

@@ -3,6 +3,7 @@
 
 #include "qt/picture_adapters.h"
 
+#include <QAbstractButton>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -13,24 +14,24 @@
 namespace qt {
 
 /// A picture as large as its place allows without distortion.
-class PictureWidget final : public QWidget {
+class Drawing {
   public:
-    using QWidget::QWidget;
+    virtual ~Drawing() = default;
 
     void Show(const QString& name) {
         if (name != name_) {
             name_ = name;
             renderer_.load(name.isEmpty() ? QString() : PicturePath(name));
             renderer_.setAspectRatioMode(Qt::KeepAspectRatio);
-            update();
+            Changed();
         }
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
+    virtual void Changed() = 0;
+    void Draw(QPainter& painter, const QRect& place) {
         if (renderer_.isValid()) {
-            renderer_.render(&painter, QRectF(rect()));
+            renderer_.render(&painter, QRectF(place));
         }
     }
 
@@ -39,13 +40,56 @@ class PictureWidget final : public QWidget {
     QSvgRenderer renderer_;
 };
 
+namespace {
+
+class PictureWidget final : public QWidget, public Drawing {
+  public:
+    using QWidget::QWidget;
+
+  protected:
+    void Changed() override { update(); }
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        Draw(painter, rect());
+    }
+};
+
+/// A picture that can be pressed. Its frame shows the focus, and that it is down.
+class PictureButton final : public QAbstractButton, public Drawing {
+  public:
+    explicit PictureButton(QWidget* parent) : QAbstractButton(parent) { setCursor(Qt::PointingHandCursor); }
+
+  protected:
+    void Changed() override { update(); }
+    void paintEvent(QPaintEvent*) override {
+        constexpr int kFrame = 4;
+        QPainter painter(this);
+        const int down = isDown() ? 1 : 0;
+        Draw(painter, rect().adjusted(kFrame, kFrame, -kFrame, -kFrame).translated(down, down));
+        if (hasFocus()) {
+            painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+            painter.drawRect(rect().adjusted(1, 1, -1, -1));
+        }
+    }
+};
+
+}  // namespace
+
 ImageAdapter::ImageAdapter(FormWindow& window, platform::Image& image)
-    : WidgetAdapter(window, image, Child<PictureWidget>(ParentOf(window, image))),
-      image_(image),
-      widget_(static_cast<PictureWidget*>(Widget())) {}
+    : ImageAdapter(window, image,
+                   image.TakesFocus() ? static_cast<QWidget*>(Child<PictureButton>(ParentOf(window, image)))
+                                      : Child<PictureWidget>(ParentOf(window, image))) {
+    if (auto* button = qobject_cast<QAbstractButton*>(Widget())) {
+        QObject::connect(button, &QAbstractButton::clicked, Context(),
+                         [this] { Report([this] { image_.InputClick(); }); });
+    }
+}
+
+ImageAdapter::ImageAdapter(FormWindow& window, platform::Image& image, QWidget* widget)
+    : WidgetAdapter(window, image, widget), image_(image), drawing_(dynamic_cast<Drawing*>(widget)) {}
 
 void ImageAdapter::CarryOwn() {
-    widget_->Show(QString::fromStdString(image_.Picture));
+    drawing_->Show(QString::fromStdString(image_.Picture));
 }
 
 // --- PictureBox ---

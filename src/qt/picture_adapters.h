@@ -8,7 +8,7 @@
 
 namespace qt {
 
-class PictureWidget;
+class Drawing;
 
 class ImageAdapter final : public WidgetAdapter {
   public:
@@ -18,8 +18,10 @@ class ImageAdapter final : public WidgetAdapter {
     void CarryOwn() override;
 
   private:
+    ImageAdapter(FormWindow& window, platform::Image& image, QWidget* widget);
+
     platform::Image& image_;
-    PictureWidget* widget_;
+    Drawing* drawing_;
 };
 
 class PictureBoxAdapter final : public WidgetAdapter {

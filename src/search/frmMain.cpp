@@ -55,32 +55,7 @@ void frmMain::BindMenu(platform::Menu& menu, const Windows::Any& window) {
 
 void frmMain::Form_Load() {
     SetTextOfForm();
-    ShowBild();
-    // What the program has no window for can't be chosen.
-    const vemora::Windows& windows = Main.Windows;
-    mnuChemicals.Enabled = static_cast<bool>(windows.UChemicals);
-    mnuUConcentration.Enabled = static_cast<bool>(windows.UConcentration);
-    mnuUTemperature.Enabled = static_cast<bool>(windows.UTemperature);
-    mnuUMetal.Enabled = static_cast<bool>(windows.UMetal);
-    mnuUPlast.Enabled = static_cast<bool>(windows.UPlast);
-    mnuUTight.Enabled = static_cast<bool>(windows.UTight);
-    mnuUMisc.Enabled = static_cast<bool>(windows.UMisc);
-    mnuURelations.Enabled = static_cast<bool>(windows.URelations);
-    mnuInställningar.Enabled = static_cast<bool>(windows.Inställningar);
-    mnuUpd.Enabled = static_cast<bool>(windows.UPD);
-    mnuInfo.Enabled = static_cast<bool>(windows.About);
-}
-
-void frmMain::ShowBild() {
-    if (gSpråk == "Svenska") {
-        imgBild(0).Visible = true;
-        imgBild(1).Visible = false;
-    } else if (gSpråk == "English") {
-        imgBild(0).Visible = false;
-        imgBild(1).Visible = true;
-        imgBild(1).Left = imgBild(0).Left;
-        imgBild(1).Top = imgBild(0).Top;
-    }
+    VisaBild(imgBild);
 }
 
 void frmMain::Form_Resize() {
@@ -237,7 +212,7 @@ void frmMain::mnuExit_Click() {
 void frmMain::mnuInställningar_Click() {
     Main.Windows.Inställningar().Show(platform::vbModal, this);
     SetTextOfForm();
-    ShowBild();
+    VisaBild(imgBild);
 }
 
 }  // namespace vemora

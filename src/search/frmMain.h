@@ -89,7 +89,6 @@ class frmMain final : public Window {
     void Form_Unload() override;
 
   private:
-    void ShowBild();
     void cmdSök_Click();
     void SetColumns();
     void AddToListView(platform::adodb::Recordset& rs);

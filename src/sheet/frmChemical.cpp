@@ -45,16 +45,7 @@ void frmChemical::Form_Load() {
     MousePointer(pointer::Hourglass);
     mFilterAv = false;
     SetTextOfForm();
-
-    if (gSpråk == "Svenska") {
-        imgBild(0).Visible = true;
-        imgBild(1).Visible = false;
-    } else if (gSpråk == "English") {
-        imgBild(0).Visible = false;
-        imgBild(1).Visible = true;
-        imgBild(1).Left = imgBild(0).Left;
-        imgBild(1).Top = imgBild(0).Top;
-    }
+    VisaBild(imgBild);
 
     // Their first entries are selected here, which asks for the table before there is a chemical to show.
     FyllKonc(cboConc);

@@ -19,13 +19,10 @@ std::string FirstFolder(const std::string& path) {
 
 /// The rooms of the platform and what each looks down on; "platform" is what lies in no room.
 const std::map<std::string, Folders> kRooms = {
-    {"platform", {}},
-    {"text", {}},
-    {"files", {"text"}},
-    {"store", {"text"}},
-    {"adodb", {"text", "files", "store"}},
-    {"richtext", {"text"}},
-    {"forms", {"text", "files", "store", "adodb", "richtext"}},
+    {"platform", {}},       {"text", {}},
+    {"files", {"text"}},    {"net", {"text"}},
+    {"store", {"text"}},    {"adodb", {"text", "files", "store"}},
+    {"richtext", {"text"}}, {"forms", {"text", "files", "store", "adodb", "richtext"}},
 };
 
 /// The room of "platform/store/store.h"; "platform" for "platform/error.h".

@@ -42,6 +42,10 @@ class ScriptedDesktop final : public platform::Desktop {
     /// What the user types into the input boxes to come.
     std::deque<std::string> Typed;
 
+    /// What the test looks at while an event that runs lets the windows paint.
+    std::function<void()> OnPaint = [] {};
+    bool HasSystemInformation = true;
+
     /// The boxes shown since the last call, each as "[flags title] text"; the title is "-" where none was
     /// given. The description in an error report, one sentence in parentheses, reads "(…)".
     std::vector<std::string> TakeBoxes() { return std::exchange(boxes_, {}); }
@@ -60,7 +64,8 @@ class ScriptedDesktop final : public platform::Desktop {
     void ClipboardSetText(const std::string& text) override { Log.push_back("clipboard " + text); }
     bool OpenWebPage(const std::string& address) override;
     int TextWidth(const platform::Font& font, const std::string& text) const override;
-    void Repaint(platform::Form& form) override { Log.push_back("repaint " + form.Name()); }
+    bool OpenSystemInformation() override { return HasSystemInformation; }
+    void Paint() override { OnPaint(); }
 
   protected:
     void Quit() override { Log.push_back("quit"); }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/files/files.h"
 #include "support/session.h"
 #include "texts/frmLang.h"
 
@@ -170,7 +171,8 @@ TEST(Lookups, AnEmptyAddressOpensThePageOfTheProgramAndColumnsAreWidenedToTheirH
     run.Core.ÖppnaWebbsida("https://example.org/a b");
     run.Core.ÖppnaWebbsida("");
     EXPECT_EQ(run.Desktop.Logged("web "),
-              (Strings{"web https://example.org/a b", "web https://www.vemora.example/"}));
+              (Strings{"web https://example.org/a b",
+                       "web " + platform::Utf8FromPath(run.Core.Folder / "pages" / "data-en.html")}));
     platform::Form form(run.Desktop, "frmTest", {});
     platform::ListView list{form, "list", {}};
     for (const auto& [heading, width] :

@@ -222,37 +222,34 @@ TEST(MainWindow, ItsListFollowsItsSizeAndItsColumnsTheNextSearch) {
     EXPECT_EQ(test::Columns(list), (Strings{"Kemikalie 1510 chemical", "Formel 1750 formula"}));
 }
 
-TEST(MainWindow, EachEntryOfItsMenuOpensItsWindowWhenTheProgramHasIt) {
-    for (std::size_t own = 0; own < 11; ++own) {
-        SCOPED_TRACE(own);
-        Session run;
-        frmMain& main = run.Main();
-        Windows& all = run.Core.Windows;
-        const std::vector<std::pair<platform::Menu*, Windows::Any*>> entries = {
-            {&main.mnuInställningar, &all.Inställningar},
-            {&main.mnuChemicals, &all.UChemicals},
-            {&main.mnuUConcentration, &all.UConcentration},
-            {&main.mnuUTemperature, &all.UTemperature},
-            {&main.mnuUMetal, &all.UMetal},
-            {&main.mnuUPlast, &all.UPlast},
-            {&main.mnuUTight, &all.UTight},
-            {&main.mnuUMisc, &all.UMisc},
-            {&main.mnuURelations, &all.URelations},
-            {&main.mnuUpd, &all.UPD},
-            {&main.mnuInfo, &all.About}};
-        platform::Form shown(run.Desktop, "frmOwn", {});
-        for (const auto& entry : entries) {
-            *entry.second = nullptr;
-        }
-        *entries[own].second = [&]() -> platform::Form& { return shown; };
-        run.Start();
+TEST(MainWindow, EachEntryOfItsMenuOpensItsWindow) {
+    Session run;
+    frmMain& main = run.Main();
+    Windows& all = run.Core.Windows;
+    const std::vector<std::pair<platform::Menu*, Windows::Any*>> entries = {
+        {&main.mnuInställningar, &all.Inställningar},
+        {&main.mnuChemicals, &all.UChemicals},
+        {&main.mnuUConcentration, &all.UConcentration},
+        {&main.mnuUTemperature, &all.UTemperature},
+        {&main.mnuUMetal, &all.UMetal},
+        {&main.mnuUPlast, &all.UPlast},
+        {&main.mnuUTight, &all.UTight},
+        {&main.mnuUMisc, &all.UMisc},
+        {&main.mnuURelations, &all.URelations},
+        {&main.mnuUpd, &all.UPD},
+        {&main.mnuInfo, &all.About}};
+    std::vector<std::unique_ptr<platform::Form>> forms;
+    for (const auto& [entry, window] : entries) {
+        forms.push_back(std::make_unique<platform::Form>(run.Desktop, entry->Name(), platform::FormDesign{}));
+        *window = [shown = forms.back().get()]() -> platform::Form& { return *shown; };
+    }
+    run.Start();
+    for (const auto& [entry, window] : entries) {
         run.Desktop.WhileModal<platform::Form>([](platform::Form& form) { form.Unload(); });
-        for (const auto& entry : entries) {
-            EXPECT_EQ(entry.first->Enabled, entry.second == entries[own].second);
-            entry.first->InputClick();
-        }
-        EXPECT_EQ(run.Desktop.Logged("show").back(),
-                  own == 0 ? "show frmOwn modal over frmMain" : "show frmOwn modal");
+        entry->InputClick();
+        EXPECT_EQ(
+            run.Desktop.Logged("show").back(),
+            "show " + entry->Name() + (entry == &main.mnuInställningar ? " modal over frmMain" : " modal"));
     }
 }
 

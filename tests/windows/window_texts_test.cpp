@@ -59,7 +59,10 @@ const std::map<std::string, std::string> kBindings = {
      "lblLabels(12)=R0306 lblChem=R0156"},
     {"frmInställningar",
      "=R0167 cboLang=R0338 cmdMarkera(1)=R0168 cmdMarkera(0)=R0169 cmdSpara=R0170 cmdStäng=R0171 "
-     "lblLabels(1)=R0178"}};
+     "lblLabels(1)=R0178"},
+    {"frmUPD", "=R0077 cmdImport=R0275;R0276 cmdClose=R0273;R0274 lblBesk=R0277 lblInfo=R0278"},
+    {"frmAbout",
+     "=R0205 cmdOK=R0170 imgMaker=;R0120 imgDistributor=;R0121 lblDisclaimer=R0330 cmdSysInfo=R0340"}};
 
 /// Every control is bound to its keys and shows a text, and no letter stands for two things in a window or in
 /// a menu.
@@ -98,7 +101,8 @@ TEST(WindowTexts, AreThereInEveryLanguageWithMnemonicsOfTheirOwn) {
         });
         // In the third language most windows have nothing to show, and some can't be opened at all.
         Windows& all = run.Core.Windows;
-        std::vector<Windows::Any*> windows = {&all.UTight, &all.URelations, &all.Inställningar};
+        std::vector<Windows::Any*> windows = {&all.UTight, &all.URelations, &all.Inställningar, &all.UPD,
+                                              &all.About};
         if (language != "Deutsch") {
             windows.insert(windows.end(), {&all.UChemicals, &all.UConcentration, &all.UTemperature,
                                            &all.UMetal, &all.UPlast, &all.UMisc});

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <fstream>
 #include <system_error>
 
 #include "platform/error.h"
@@ -204,17 +203,24 @@ void FileCopy(const fs::path& from, const fs::path& to) {
     WriteFile(to, ReadFile(source.value_or(from)));
 }
 
-std::string ReadFile(const fs::path& file) {
+std::ifstream OpenFile(const fs::path& file) {
     std::error_code code;
     const fs::file_status status = fs::status(file, code);
     if (fs::exists(status) && !fs::is_regular_file(status)) {
         Fail(std::make_error_code(std::errc::is_a_directory), "Reading", file);  // opening a pipe would wait
     }
     errno = 0;
-    std::ifstream stream(file, std::ios::binary | std::ios::ate);
+    std::ifstream stream(file, std::ios::binary);
     if (!stream) {
         Fail(LastError(), "Reading", file);
     }
+    return stream;
+}
+
+std::string ReadFile(const fs::path& file) {
+    std::ifstream stream = OpenFile(file);
+    errno = 0;
+    stream.seekg(0, std::ios::end);
     const std::streamoff size = stream.tellg();
     std::string bytes(static_cast<std::size_t>(size > 0 ? size : 0), '\0');
     stream.seekg(0);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,6 +38,9 @@ void Kill(const std::filesystem::path& folder, std::string_view relative);
 /// Copies a file onto another, which may exist. The target is whole at any time, the old content or the new,
 /// and is afterwards there in one spelling only, the one given. Errors 53, 70, 71, 75.
 void FileCopy(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// A file to be read from its beginning. Errors 53, 70, 75.
+std::ifstream OpenFile(const std::filesystem::path& file);
 
 /// The bytes of a file. Errors 53, 70, 75.
 std::string ReadFile(const std::filesystem::path& file);

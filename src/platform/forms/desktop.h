@@ -60,12 +60,16 @@ class Desktop {
     virtual void MousePointer(int shape) = 0;
     virtual void ClipboardClear() = 0;
     virtual void ClipboardSetText(const std::string& text) = 0;
-    /// Hands the address to the default browser; false when there is none.
+    /// Hands an address, or the path of a page on this machine, to the default browser; false when there is
+    /// none.
     virtual bool OpenWebPage(const std::string& address) = 0;
+    /// Starts the system's own tool that tells of the machine; false when there is none.
+    virtual bool OpenSystemInformation() = 0;
     /// Width of one line of text in twips.
     virtual int TextWidth(const Font& font, const std::string& text) const = 0;
-    /// Puts what has changed on the screen now, while the running event keeps the window from doing it.
-    virtual void Repaint(Form& form) = 0;
+    /// Puts what has changed on the screen now, while the running event keeps the windows from doing it. What
+    /// the user does meanwhile is dropped.
+    virtual void Paint() = 0;
 
     /// Runs one event. A failure that nobody guarded is shown with number and description, and the program
     /// ends in order. Once the program has ended, no event runs any more.

@@ -105,8 +105,6 @@ class Form : public PropertyOwner {
     void Show(int modal = vbModeless, Form* owner = nullptr);
     /// Nothing when the window isn't loaded.
     void Unload();
-    /// Puts what has changed on the screen at once.
-    void Refresh() { desktop_.Repaint(*this); }
 
     // --- what the desktop calls when the user does something; each is an event of its own ---
     void InputActivate();

@@ -10,6 +10,18 @@ namespace platform {
 Image::Image(Form& parent, std::string name, const Design& design, int index)
     : Control(parent, std::move(name), design, index), Picture(*this, design.Picture) {}
 
+bool Image::Press() {
+    if (!Reachable()) {
+        return false;
+    }
+    Raise(Click);
+    return true;
+}
+
+void Image::InputClick() {
+    Parent().Screen().Event([this] { Press(); });
+}
+
 ImageList::ImageList(Form& parent, std::string name, std::vector<Entry> images)
     : Control(parent, std::move(name), Design{.Visible = false}), images_(std::move(images)) {}
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,12 +11,19 @@
 
 namespace platform {
 
-/// A fixed picture, by the name under which the window system keeps it.
+/// A fixed picture, by the name under which the window system keeps it. One with a Click can be pressed, by
+/// mouse and keyboard.
 class Image final : public Control {
   public:
     Image(Form& parent, std::string name, const Design& design, int index = -1);
     std::string_view TypeName() const override { return "Image"; }
     Property<std::string> Picture;
+    std::function<void()> Click;
+
+    bool TakesFocus() const override { return static_cast<bool>(Click); }
+    bool Press() override;
+    bool WantsEnter() const override { return TakesFocus(); }
+    void InputClick();
 };
 
 /// A plain area that holds other controls.

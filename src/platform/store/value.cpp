@@ -127,4 +127,8 @@ bool Value::Bool() const {
     NullRead("a yes or no");
 }
 
+bool IsNumeric(std::string_view text) {
+    return ParseNumber(text).has_value();
+}
+
 }  // namespace platform

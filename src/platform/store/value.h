@@ -42,4 +42,8 @@ class Value {
     std::variant<std::monostate, std::int64_t, double, std::string> data_;
 };
 
+/// Whether a text is a number in decimal: an optional sign, digits, perhaps a point and further digits,
+/// blanks or tabs around them. "1e3" and "12,5" are none, and "12.5" is one that Value::Long refuses.
+bool IsNumeric(std::string_view text);
+
 }  // namespace platform

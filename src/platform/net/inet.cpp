@@ -1,0 +1,219 @@
+// Copyright (c) 2026 The Vemora developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/net/inet.h"
+
+#include <curl/curl.h>
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "platform/error.h"
+#include "platform/text/text.h"
+
+namespace platform {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kWaitMilliseconds = 50;
+
+// The library's handles are all void, so that each has a deleter by name.
+template <auto Close>
+struct By {
+    template <class T>
+    void operator()(T* handle) const {
+        Close(handle);
+    }
+};
+using Easy = std::unique_ptr<CURL, By<curl_easy_cleanup>>;
+using Multi = std::unique_ptr<CURLM, By<curl_multi_cleanup>>;
+using Address = std::unique_ptr<CURLU, By<curl_url_cleanup>>;
+using Text = std::unique_ptr<char, By<curl_free>>;
+
+[[noreturn]] void Fail(long number, const std::string& address, const std::string& reason) {
+    throw Error(number, "Fetching \"" + address + "\" failed: " + reason + ".", "net");
+}
+
+std::string PartOf(const Address& address, CURLUPart part) {
+    char* text = nullptr;
+    if (curl_url_get(address.get(), part, &text, 0) != CURLUE_OK) {
+        return {};
+    }
+    return Text(text).get();
+}
+
+Address Parse(const std::string& text) {
+    Address address(curl_url());
+    if (address == nullptr ||
+        curl_url_set(address.get(), CURLUPART_URL, text.c_str(), CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK) {
+        address.reset();
+    }
+    return address;
+}
+
+/// Whether a server may send us from one address to the other.
+bool MayLeadTo(const std::string& from, const std::string& to) {
+    const Address here = Parse(from);
+    const Address there = Parse(to);
+    if (here == nullptr || there == nullptr) {
+        return false;
+    }
+    const std::string before = PartOf(here, CURLUPART_SCHEME);
+    const std::string after = PartOf(there, CURLUPART_SCHEME);
+    return EqualIgnoringCase(PartOf(here, CURLUPART_HOST), PartOf(there, CURLUPART_HOST)) &&
+           (after == "https" || (after == "http" && before == "http"));
+}
+
+/// One request and what has come of it.
+struct Request {
+    const std::string& Url;
+    std::size_t Most;
+    std::string Received = {};
+    Clock::time_point LastByte = Clock::now();
+    bool TooMuch = false;
+
+    static std::size_t Body(char* data, std::size_t, std::size_t bytes, void* self) noexcept {
+        auto& request = *static_cast<Request*>(self);
+        request.LastByte = Clock::now();
+        if (bytes > request.Most - request.Received.size()) {
+            request.TooMuch = true;
+            return 0;
+        }
+        try {
+            request.Received.append(data, bytes);
+        } catch (...) {
+            request.TooMuch = true;  // for this machine
+            return 0;
+        }
+        return bytes;
+    }
+    static std::size_t Header(char*, std::size_t, std::size_t bytes, void* self) noexcept {
+        static_cast<Request*>(self)->LastByte = Clock::now();
+        return bytes;
+    }
+};
+
+[[noreturn]] void FailBy(CURLcode code, const Request& request) {
+    switch (code) {
+        case CURLE_WRITE_ERROR:
+        case CURLE_FILESIZE_EXCEEDED:
+            if (code == CURLE_FILESIZE_EXCEEDED || request.TooMuch) {
+                Fail(errors::TooLarge, request.Url, "the file is too large");
+            }
+            break;
+        case CURLE_OPERATION_TIMEDOUT:
+            Fail(errors::TimedOut, request.Url, "the server can't be reached in time");
+        case CURLE_COULDNT_RESOLVE_HOST:
+        case CURLE_COULDNT_RESOLVE_PROXY:
+        case CURLE_URL_MALFORMAT:
+        case CURLE_UNSUPPORTED_PROTOCOL:
+            Fail(errors::UnknownHost, request.Url, "there is no such server");
+        case CURLE_COULDNT_CONNECT:
+            Fail(errors::NoConnection, request.Url, "the server doesn't answer");
+        case CURLE_PARTIAL_FILE:
+        case CURLE_RECV_ERROR:
+        case CURLE_SEND_ERROR:
+        case CURLE_GOT_NOTHING:
+            Fail(errors::ConnectionLost, request.Url, "the connection broke before the end");
+        case CURLE_PEER_FAILED_VERIFICATION:
+        case CURLE_SSL_CONNECT_ERROR:
+        case CURLE_SSL_CACERT_BADFILE:
+            Fail(errors::NotSecure, request.Url, "the server can't prove that it is the one asked for");
+        default:
+            break;
+    }
+    Fail(errors::BadReply, request.Url, curl_easy_strerror(code));
+}
+
+/// Runs a request to its end, with turns for whoever waits.
+CURLcode Run(CURL* easy, Request& request, const Inet& inet) {
+    const Multi multi(curl_multi_init());
+    if (multi == nullptr || curl_multi_add_handle(multi.get(), easy) != CURLM_OK) {
+        return CURLE_OUT_OF_MEMORY;
+    }
+    struct Leave {
+        CURLM* From;
+        CURL* Who;
+        ~Leave() { curl_multi_remove_handle(From, Who); }
+    } const leave{multi.get(), easy};
+    for (;;) {
+        int running = 0;
+        if (curl_multi_perform(multi.get(), &running) != CURLM_OK) {
+            return CURLE_FAILED_INIT;
+        }
+        if (running == 0) {
+            int left = 0;
+            const CURLMsg* const message = curl_multi_info_read(multi.get(), &left);
+            return message == nullptr ? CURLE_FAILED_INIT : message->data.result;
+        }
+        if (Clock::now() - request.LastByte > inet.Limits.Silence) {
+            Fail(errors::TimedOut, request.Url, "the server has fallen silent");
+        }
+        curl_multi_poll(multi.get(), nullptr, 0, kWaitMilliseconds, nullptr);
+        inet.Waiting();
+    }
+}
+
+}  // namespace
+
+std::string Inet::OpenURL(const std::string& address) {
+    static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
+    std::string url = address;
+    for (int redirects = 0;; ++redirects) {
+        const Address parsed = Parse(url);
+        if (parsed == nullptr || PartOf(parsed, CURLUPART_HOST).empty()) {
+            Fail(errors::UnknownHost, url, "no server is named there");
+        }
+        const Easy easy(curl_easy_init());
+        if (ready != CURLE_OK || easy == nullptr) {
+            Fail(errors::NoConnection, url, "the network can't be used");
+        }
+        Request request{.Url = url, .Most = Limits.Bytes};
+        const auto set = [&easy](CURLoption option, auto value) {
+            curl_easy_setopt(easy.get(), option, value);
+        };
+        set(CURLOPT_URL, url.c_str());
+        set(CURLOPT_PROTOCOLS_STR, "http,https");
+        set(CURLOPT_NOSIGNAL, 1L);
+        set(CURLOPT_USERAGENT, "Vemora");
+        set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(Limits.Connect.count()));
+        set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(Limits.Bytes));
+        set(CURLOPT_WRITEFUNCTION, &Request::Body);
+        set(CURLOPT_WRITEDATA, static_cast<void*>(&request));
+        set(CURLOPT_HEADERFUNCTION, &Request::Header);
+        set(CURLOPT_HEADERDATA, static_cast<void*>(&request));
+
+        const CURLcode code = Run(easy.get(), request, *this);
+        if (code != CURLE_OK) {
+            FailBy(code, request);
+        }
+        long status = 0;
+        curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &status);
+        const char* target = nullptr;
+        curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &target);
+        if (target != nullptr) {
+            const std::string next = target;
+            if (redirects == Limits.Redirects || !MayLeadTo(url, next)) {
+                Fail(errors::Redirected, url, "the server leads on to \"" + next + "\"");
+            }
+            url = next;
+            continue;
+        }
+        if (status < 200 || status > 299) {
+            Fail(errors::NoSuccess, url, "the server replies with number " + std::to_string(status));
+        }
+        const char* type = nullptr;
+        curl_easy_getinfo(easy.get(), CURLINFO_CONTENT_TYPE, &type);
+        if (type != nullptr && !request.Received.empty() &&
+            LCase(Trim(std::string_view(type))).starts_with("text/html")) {
+            Fail(errors::WrongType, url,
+                 "the reply is a web page and not the file, as where a network asks to sign in first");
+        }
+        return std::move(request.Received);
+    }
+}
+
+}  // namespace platform
