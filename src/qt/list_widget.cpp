@@ -9,6 +9,8 @@
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <algorithm>
+#include <cstdlib>
 
 #include "qt/colours.h"
 #include "qt/owned.h"
@@ -73,12 +75,17 @@ void ListWidget::initViewItemOption(QStyleOptionViewItem* option) const {
 
 void ListWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
-    if (!pressing_) {
-        const QModelIndexList rows = selectionModel()->selectedRows();
-        emit Chosen(rows.isEmpty()                       ? -1
-                    : selectionMode() == SingleSelection ? rows.front().row()
-                                                         : currentIndex().row());
+    if (pressing_) {
+        return;
     }
+    // The current row is still the one that the key has left. The one it leads to is what it has selected;
+    // where it has taken back instead, the nearest that is left.
+    const QModelIndexList rows = selected.isEmpty() ? selectionModel()->selectedRows() : selected.indexes();
+    const auto nearest =
+        std::min_element(rows.begin(), rows.end(), [this](const QModelIndex& a, const QModelIndex& b) {
+            return std::abs(a.row() - currentIndex().row()) < std::abs(b.row() - currentIndex().row());
+        });
+    emit Chosen(nearest == rows.end() ? -1 : nearest->row());
 }
 
 int ListWidget::RowHeight() const {
@@ -121,6 +128,11 @@ void ListWidget::mousePressEvent(QMouseEvent* event) {
     {
         const QScopedValueRollback<bool> guard(pressing_, true);
         QTreeView::mousePressEvent(event);
+        // On the empty part the toolkit would wait for the release.
+        if (selectionMode() == ExtendedSelection && event->modifiers() == Qt::NoModifier &&
+            !indexAt(event->position().toPoint()).isValid()) {
+            clearSelection();
+        }
     }
     const QModelIndex pressed = indexAt(event->position().toPoint());
     emit Chosen(pressed.row());

@@ -50,6 +50,9 @@ void frmInställningar::Form_Load() {
     Icon = Main.MainIcon;
     FillValues();
     VisaVal();
+    for (platform::ListView* lvw : mListor) {
+        lvw->SetColumnHeaderIcons(Main.imgList);
+    }
     ListLanguages(cboLang, Main.Folder, bLaddar);
     SSTab1_Click();
 }

@@ -15,9 +15,12 @@ LanguageFiles FindLanguageFiles(const std::filesystem::path& folder) {
     LanguageFiles found;
     const auto bin = platform::FindFolder(folder, "bin");
     for (const std::string& name : platform::Dir(bin, "Lang*.ini")) {
+        const bool active = platform::LCase(name) == "lang.ini";
+        // Of several spellings the one that every text is read from counts.
+        const auto file = active ? platform::FindFile(bin, "lang.ini") : bin / platform::PathFromUtf8(name);
         const std::string language =
-            platform::ReadKey("System", "lang", buffer::Language, bin / platform::PathFromUtf8(name));
-        if (platform::LCase(name) == "lang.ini") {
+            file ? platform::ReadKey("System", "lang", buffer::Language, *file) : std::string();
+        if (active) {
             found.Current = language;
         } else if (!language.empty()) {
             std::string entry = language;

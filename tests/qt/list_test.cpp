@@ -52,6 +52,81 @@ TEST_F(ListTest, KeysAndClicksSelectAndTheFormIsTold) {
     EXPECT_TRUE(View->selectionModel()->isRowSelected(2));
 }
 
+/// Two pages with a list each: rows can be ticked, and several selected.
+struct Several : platform::Form {
+    explicit Several(platform::Desktop& desktop)
+        : Form(desktop, "frmSeveral", {.ClientWidth = 6000, .ClientHeight = 4000}) {
+        lvw.ItemClick = [this](const ListItem& item) {
+            Said.push_back("item " + item.Text + (item.Selected() ? "" : " not selected"));
+        };
+        lvw.Click = [this] {
+            std::string rows = "click";
+            for (int i = 0; i < lvw.ItemCount(); ++i) {
+                rows += lvw.Item(i).Selected() ? " " + lvw.Item(i).Text : "";
+            }
+            Said.push_back(rows);
+        };
+        lvw.ItemCheck = [this](const ListItem& item) { Said.push_back("tick " + item.Text); };
+    }
+    platform::Design OnPage(int page) {
+        return At({60, 60, 5000, 2500},
+                  {.MultiSelect = true, .Checkboxes = true, .Container = &tabs, .Page = page});
+    }
+    TextBox txt{*this, "txt", At({120, 3400, 2000, 345})};
+    platform::SSTab tabs{*this, "tabs", At({120, 120, 5600, 3200}), {"One", "Two"}};
+    ListView lvw{*this, "lvw", OnPage(0)}, other{*this, "other", OnPage(1)};
+    Log Said;
+
+  protected:
+    void Form_Load() override {
+        lvw.AddColumn("Name", 1500);
+        for (const char* const name : {"a", "b", "c", "d"}) {
+            lvw.AddItem(std::string("K") + name, name);
+        }
+    }
+};
+
+TEST(ListOfSeveral, SaysWhatKeysAndClicksSelectAndTick) {
+    Screen s;
+    Several form(s.Desktop);
+    ShowActive(s.Desktop, form);
+    auto* view = WidgetOf<QTreeView>(form.lvw);
+    form.lvw.SetFocus();
+    const auto said = [&] {
+        s.Desktop.Flush();
+        return std::exchange(form.Said, {});
+    };
+    const auto click = [&](int row, Qt::KeyboardModifiers with = {}, int x = -1) {
+        const QRect place = view->visualRect(view->model()->index(row, 0));
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, with,
+                          {x < 0 ? place.center().x() : x, place.center().y()});
+    };
+    for (const auto& [key, with] : {std::pair{Qt::Key_Down, Qt::NoModifier},
+                                    {Qt::Key_Down, Qt::NoModifier},
+                                    {Qt::Key_Down, Qt::ShiftModifier}}) {
+        QTest::keyClick(view, key, with);
+    }
+    EXPECT_EQ(said(), (Log{"item a", "item b", "item c"}));
+    QTest::keyClick(view, Qt::Key_Space);
+    EXPECT_EQ(said(), (Log{"tick b", "tick c"}));
+    click(3, Qt::ControlModifier);
+    EXPECT_EQ(said(), (Log{"item d", "click b c d"}));
+    QTest::keyClick(view, Qt::Key_Up, Qt::NoModifier);
+    EXPECT_EQ(said(), Log{"item c"});
+    click(0, {}, 8);  // on its box
+    EXPECT_EQ(said().back(), "tick a");
+    // A click on the empty part clears the selection first.
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, {20, view->viewport()->height() - 4});
+    EXPECT_EQ(said(), Log{"click"});
+
+    // The focus doesn't stay on a page that is turned.
+    QTest::keyClick(view, Qt::Key_PageDown, Qt::ControlModifier);
+    s.Desktop.Flush();
+    EXPECT_EQ(form.ActiveControl(), &form.other);
+    EXPECT_EQ(QApplication::focusWidget(), WidgetOf<QTreeView>(form.other));
+    form.Unload();
+}
+
 TEST_F(ListTest, HeadingsAreClickedAndShowTheSortPicture) {
     QHeaderView* header = View->header();
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {},

@@ -70,7 +70,7 @@ Strings Columns(const platform::ListView& list) {
     });
 }
 
-Strings Entries(const platform::ComboBox& list) {
+Strings Entries(const platform::LineList& list) {
     return Collect(list.ListCount(),
                    [&](int i) { return list.List(i) + "=" + std::to_string(list.ItemData(i)); });
 }

@@ -66,8 +66,8 @@ Strings Rows(const platform::ListView& list);
 Strings Keys(const platform::ListView& list);
 /// Its columns, each with its width and what else is to be seen: "Namn 1200 centred chemical sort-ascending".
 Strings Columns(const platform::ListView& list);
-/// The entries of a drop-down list, each with its item data: "10 %=1".
-Strings Entries(const platform::ComboBox& list);
+/// The lines of a list, each with its item data: "10 %=1".
+Strings Entries(const platform::LineList& list);
 /// The user chooses the entry that begins so.
 void Choose(platform::ComboBox& list, std::string_view beginning);
 

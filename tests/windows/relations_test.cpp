@@ -10,21 +10,29 @@ namespace vemora {
 namespace {
 
 using test::Choose;
+using test::Entries;
 using test::Session;
 using test::Strings;
 
 constexpr const char* kClasses[] = {"Metal", "Plast", "Tight", "Misc"};
 
-// In each class three materials take part, without a row, with a supplied one and with one of the user's own.
+// In each class three materials take part, without a row, with a supplied one and with one of the user's own;
+// beside each of them are rows of another chemical, concentration or temperature. What doesn't take part
+// comes first in the order.
 std::string ThreeMaterials() {
-    std::string sql;
+    std::string sql = "UPDATE Chemical SET Med = 0 WHERE ID = 4;";
     for (const std::string name : kClasses) {
-        sql += "DELETE FROM rel" + name + "; UPDATE " + name + " SET Med = 0; INSERT INTO " + name +
-               "(ID, Name, Description, NameEN) VALUES (11, 'a', 'x', 'c'), (12, 'b', 'y', 'b'), "
-               "(13, 'c', 'z', 'a'); INSERT INTO rel" +
-               name + "(ChemID, ConcID, TempID, " + name +
-               "ID, TheValue, Egen) VALUES (1, 1, 1, 12, '-', 0), (1, 1, 1, 13, '0', -1), (2, 3, 1, 11, '+', "
-               "-1);";
+        sql += "DELETE FROM rel" + name + "; UPDATE " + name +
+               " SET Med = 0, Name = 'A' || Name; INSERT INTO " + name +
+               "(ID, Name, Description, NameEN, DescriptionEN) VALUES (11, 'a " + name +
+               "', 'x', 'c', 'u'), (12, 'b', 'y', 'b', 'v'), (13, 'c', 'z', 'a " + name +
+               "', 'w'); INSERT INTO rel" + name + "(ChemID, ConcID, TempID, " + name +
+               "ID, TheValue, Egen) VALUES (2, 3, 4, 12, '-', 0), (2, 3, 4, 13, '0', -1);";
+        for (const std::string other : {"1, 3, 4", "2, 1, 4", "2, 3, 1"}) {
+            for (const std::string material : {"11", "12", "13"}) {
+                sql += "INSERT INTO rel" + name + " VALUES (" + other + ", " + material + ", '+', -1);";
+            }
+        }
     }
     return sql;
 }
@@ -46,8 +54,8 @@ class Relations : public testing::Test {
     }
     void ChooseAll() {
         W->lstChemicals.InputIndex(1);
-        Choose(W->cboConc, "10 %");
-        Choose(W->cboTemp, "20ºC");
+        Choose(W->cboConc, "koncentrerad");
+        Choose(W->cboTemp, "100ºC");
     }
     platform::ListView& List(int tab) {
         platform::ListView* const lists[] = {&W->lvwMetal, &W->lvwPlast, &W->lvwTight, &W->lvwMisc};
@@ -117,7 +125,7 @@ TEST_F(Relations, ProtectsLinksAndRemovesAsTheListsDo) {
                 EXPECT_EQ(State(), tab == 3 ? c.MiscChosen : c.Chosen);
                 W->cmdKoppla(0).InputClick();
                 EXPECT_EQ(State().substr(State().find_first_of("SE")), c.Linked + std::string("+"));
-                const std::string row = std::string("rel") + kClasses[tab] + "|1|1|1|" + c.Written[0];
+                const std::string row = std::string("rel") + kClasses[tab] + "|2|3|4|" + c.Written[0];
                 EXPECT_EQ(Less(All(), before), Strings{row});
                 // Whatever it was, it is the user's own now, and what is removed is that row alone.
                 W->cmdKoppla(1).Enabled = true;
@@ -132,7 +140,7 @@ TEST_F(Relations, ProtectsLinksAndRemovesAsTheListsDo) {
                 Run.Change(c.Row == 0 ? "DELETE FROM relMisc WHERE ChemID = 99"
                                       : std::string("INSERT INTO rel") + kClasses[tab] +
                                             " (ChemID, ConcID, TempID, " + kClasses[tab] +
-                                            "ID, TheValue, Egen) VALUES (1, 1, 1, " +
+                                            "ID, TheValue, Egen) VALUES (2, 3, 4, " +
                                             (c.Row == 1 ? "12, '-', 0)" : "13, '0', -1)"));
                 EXPECT_EQ(All(), before);
             }
@@ -162,21 +170,22 @@ TEST_F(Relations, AskForWhatIsMissingOneByOne) {
         for (int tab : {1, 2, 3, 0}) {
             W->SSTab1.InputTab(tab);
             EXPECT_EQ(W->ActiveControl(), &List(tab));
-            EXPECT_EQ(W->Caption, Run.T("R0095") + " " + W->SSTab1.Caption());
+            EXPECT_EQ(W->Caption,
+                      Strings({"Beständighet – Metall", "Beständighet – Plast", "Beständighet – Tätning",
+                               "Beständighet – Övrigt"})[static_cast<std::size_t>(tab)]);
             press(0, keys[tab], List(tab));
         }
         List(0).InputSelect(0);
         press(0, "R0094", W->cboVärde);
         EXPECT_EQ(Run.Desktop.Logged("beep").size(), 1U);
         // A double click links, but in the list of plastics.
-        Choose(W->cboVärde, "+");
-        List(0).InputDoubleClick();
-        EXPECT_TRUE(W->txtEgen.Visible);
-        W->SSTab1.InputTab(1);
-        List(1).InputSelect(0);
-        Choose(W->cboVärde, "+");
-        List(1).InputDoubleClick();
-        EXPECT_FALSE(W->txtEgen.Visible);
+        for (int tab : {1, 2, 3, 0}) {
+            W->SSTab1.InputTab(tab);
+            List(tab).InputSelect(0);
+            Choose(W->cboVärde, "+");
+            List(tab).InputDoubleClick();
+            EXPECT_EQ(W->txtEgen.Visible, tab != 1);
+        }
     });
 }
 
@@ -197,8 +206,17 @@ TEST_F(Relations, TrustTheirMarksAndTheEntryForAllFindsAnyRow) {
         // A change of the concentration hides the marks: the link that follows finds the row in its way.
         W->SSTab1.InputTab(0);
         Click(0, 1);
-        Choose(W->cboConc, "koncentrerad");
         Choose(W->cboConc, "10 %");
+        EXPECT_EQ(State(), "L");  // by the value that has just been cleared
+        EXPECT_FALSE(W->cmdKoppla(1).Enabled);
+        Choose(W->cboConc, "koncentrerad");
+        Click(0, 2);
+        W->SSTab1.InputTab(1);
+        EXPECT_EQ(State(), "");
+        W->SSTab1.InputTab(0);
+        Click(0, 1);
+        Choose(W->cboConc, "10 %");
+        Choose(W->cboConc, "koncentrerad");
         Choose(W->cboVärde, "0");
         W->cmdKoppla(0).InputClick();
         EXPECT_EQ(Run.Boxes(), Strings{Run.Report(-2147467259, "cmdKoppla_Click in Form frmURelations")});
@@ -217,26 +235,46 @@ TEST_F(Relations, TrustTheirMarksAndTheEntryForAllFindsAnyRow) {
         Click(1, 0);
         Choose(W->cboVärde, "-");
         W->cmdKoppla(0).InputClick();
-        EXPECT_EQ(Less(All(), before), Strings{"relPlast|1|-1|1|11|-|-1"});
+        EXPECT_EQ(Less(All(), before), Strings{"relPlast|2|-1|4|11|-|-1"});
     });
 }
 
 TEST_F(Relations, ShowWhatTakesPartAndWhoseItIs) {
     Open([&] {
-        EXPECT_EQ(test::Rows(W->lvwMisc), (Strings{"a|x", "b|y", "c|z"}));
-        EXPECT_EQ(test::Keys(W->lvwMisc), (Strings{"K11", "K12", "K13"}));
-        EXPECT_EQ(test::Entries(W->cboConc), (Strings{"Alla=-1", "10 %=1", "koncentrerad=3"}));
-        EXPECT_EQ(test::Entries(W->cboTemp), (Strings{"20ºC=1", "5º=3", "100ºC=4"}));
-        W->lvwMisc.ColumnClick(1);
-        EXPECT_EQ(test::Keys(W->lvwMisc).front(), "K13");
-        EXPECT_EQ(test::Columns(W->lvwMisc).front(), "Namn 3870 sort-descending");
-        for (const int line : {0, W->lstChemicals.ListCount() - 1}) {
-            W->lstChemicals.InputIndex(line);
-            EXPECT_EQ(W->txtEgenKem.Visible, line != 0) << W->lstChemicals.Text();
+        for (int tab = 0; tab < 4; ++tab) {
+            EXPECT_EQ(test::Rows(List(tab)),
+                      (Strings{std::string("a ") + kClasses[tab] + "|x", "b|y", "c|z"}));
+            EXPECT_EQ(test::Columns(List(tab)), (Strings{"Namn 3870 sort-ascending", "Beskrivning 3870"}));
+            W->SSTab1.InputTab(tab);
+            List(tab).ColumnClick(2);  // each has a direction of its own
+            EXPECT_EQ(test::Keys(List(tab)).front(), "K13");
+            EXPECT_EQ(test::Columns(List(tab)).back(), "Beskrivning 3870 sort-descending");
         }
+        EXPECT_EQ(Entries(W->lstChemicals),
+                  (Strings{"Saltsyra=1", "Svavelsyra=2", "ångolja=3", "Äkta soda=5"}));
+        EXPECT_EQ(Entries(W->cboConc), (Strings{"Alla=-1", "10 %=1", "koncentrerad=3"}));
+        EXPECT_EQ(Entries(W->cboTemp), (Strings{"20ºC=1", "5º=3", "100ºC=4"}));
+        EXPECT_EQ(Entries(W->cboVärde),
+                  (Strings{"+ Beständig=0", "- Ej beständig=0", "0 Begränsat beständig=0", "    =0"}));
+        for (const int line : {0, 3}) {
+            W->lstChemicals.InputIndex(line);
+            EXPECT_EQ(W->txtEgenKem.Visible, line == 3);
+        }
+        Run.Change("UPDATE Conc SET Egen = -1 WHERE ID = 3");
+        Choose(W->cboConc, "koncentrerad");
+        EXPECT_TRUE(W->txtEgenKon.Visible);
+        Choose(W->cboConc, "Alla");
+        EXPECT_FALSE(W->txtEgenKon.Visible);
         Choose(W->cboTemp, "5º");
         EXPECT_TRUE(W->txtEgenTemp.Visible);
-        EXPECT_FALSE(W->txtEgenKon.Visible);
+        // The blank is a value like the others.
+        W->SSTab1.InputTab(2);
+        Choose(W->cboConc, "koncentrerad");
+        Click(2, 0);
+        W->cboVärde.InputIndex(3);
+        const Strings before = All();
+        W->cmdKoppla(0).InputClick();
+        EXPECT_EQ(Less(All(), before), Strings{"relTight|5|3|3|13| |-1"});
     });
 }
 
@@ -268,14 +306,14 @@ TEST_F(Relations, StandOverWhatVanishesAndWhatCannotBeWritten) {
         Click(0, 1);
         Choose(W->cboVärde, "0");
         W->cmdKoppla(0).InputClick();
-        EXPECT_EQ(Less(All(), less), Strings{"relMetal|1|1|1|12|0|-1"});
+        EXPECT_EQ(Less(All(), less), Strings{"relMetal|2|3|4|12|0|-1"});
 
         // A chemical that went shows what the one before it did, and a concentration that went is nobody's.
-        W->lstChemicals.InputIndex(2);
+        W->lstChemicals.InputIndex(1);
         EXPECT_EQ(platform::PlainText(W->rtb.Content()), "H2SO4");
         Run.Change("DELETE FROM Chemical WHERE Egen = -1");
         Run.Change("DELETE FROM Temp WHERE Egen = -1");
-        W->lstChemicals.InputIndex(3);
+        W->lstChemicals.InputIndex(2);
         Choose(W->cboTemp, "5º");
         EXPECT_EQ(platform::PlainText(W->rtb.Content()), "H2SO4");
         EXPECT_FALSE(W->txtEgenKem.Visible || W->txtEgenTemp.Visible);
@@ -283,10 +321,24 @@ TEST_F(Relations, StandOverWhatVanishesAndWhatCannotBeWritten) {
     });
 }
 
-class RelationsInGerman : public Relations {
-  protected:
+struct RelationsInGerman : Relations {
     RelationsInGerman() : Relations("Deutsch") {}
 };
+struct RelationsInEnglish : Relations {
+    RelationsInEnglish() : Relations("English") {}
+};
+
+TEST_F(RelationsInEnglish, ShowTheEnglishTexts) {
+    Open([&] {
+        for (int tab = 0; tab < 4; ++tab) {
+            EXPECT_EQ(test::Rows(List(tab)),
+                      (Strings{std::string("a ") + kClasses[tab] + "|w", "b|v", "c|u"}));
+        }
+        EXPECT_EQ(Entries(W->lstChemicals),
+                  (Strings{"=5", "Hydrochloric acid=1", "Steam oil=3", "Sulphuric acid=2"}));
+        EXPECT_EQ(Entries(W->cboConc), (Strings{"All=-1", "10 %=1", "concentrated=3"}));
+    });
+}
 
 TEST_F(RelationsInGerman, HaveNothingToShow) {
     Open([&] {

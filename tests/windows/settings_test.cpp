@@ -50,10 +50,19 @@ class Settings : public testing::Test {
         return all;
     }
 
-    // A row of this description can't be saved.
-    test::Running Run{"Svenska",
-                      "CREATE TRIGGER Refuse BEFORE UPDATE ON Metal WHEN old.Description = 'vägrar' "
-                      "BEGIN SELECT RAISE(ABORT, 'no'); END"};
+    // A row of this description can't be saved; what is saved is logged.
+    static std::string Triggers() {
+        std::string sql =
+            "CREATE TABLE Log(What TEXT); CREATE TRIGGER Refuse BEFORE UPDATE ON Metal WHEN old.Description "
+            "= "
+            "'vägrar' BEGIN SELECT RAISE(ABORT, 'no'); END;";
+        for (const std::string table : {"Conc", "Metal", "Plast", "Temp", "Tight", "Misc"}) {
+            sql += "CREATE TRIGGER Log" + table + " AFTER UPDATE ON " + table +
+                   " BEGIN INSERT INTO Log VALUES('" + table + "'); END;";
+        }
+        return sql;
+    }
+    test::Running Run{"Svenska", Triggers()};
 };
 
 const Strings kAsDelivered = {"Conc 1 3", "Metal 1 3", "Plast 1 2", "Temp 1 3 4", "Tight 1 2", "Misc 1"};
@@ -66,10 +75,22 @@ TEST_F(Settings, TicksFollowTheTablesAndReachThemBySaving) {
         }
         EXPECT_EQ(ticks, (Strings{"K1+ K2- K4- K3+", "K3+ K1+ K2-", "K2+ K1+", "K1+ K2- K3+ K4+", "K2+ K1+",
                                   "K1+ K2-"}));
-        EXPECT_EQ(w.Caption, "Urval: Koncentration");
-        EXPECT_EQ(test::Columns(w.lvwTight), (Strings{"Namn 4350", "Beskrivning 4350"}));
+        Strings columns, captions;
+        for (int tab = 0; tab < 6; ++tab) {
+            w.SSTab1.InputTab(tab);
+            captions.push_back(w.Caption);
+            columns.push_back(test::Columns(*Lists(w)[static_cast<std::size_t>(tab)]).front());
+        }
+        EXPECT_EQ(captions, (Strings{"Urval: Koncentration", "Urval: Metall", "Urval: Plast",
+                                     "Urval: Temperatur", "Urval: Tätning", "Urval: Övrigt"}));
+        EXPECT_EQ(columns, (Strings{"Koncentration 8460", "Namn 4350", "Namn 4350", "Temperatur 8460",
+                                    "Namn 4350", "Namn 4350"}));
+        EXPECT_EQ(test::Rows(w.lvwTight), (Strings{" NBR |Nitril", "EPDM|Gummi"}));
+        w.cmdSpara.InputClick();
     });
-    // Nothing was touched: nothing was asked.
+    // Nothing was touched: nothing was asked or written.
+    EXPECT_EQ(Run.Ask("SELECT What FROM Log"), Strings{});
+    EXPECT_EQ(Run.Desktop.Logged("pointer"), Strings{});
 
     Open([&](frmInställningar& w) {
         for (int tab = 0; tab < 6; ++tab) {
@@ -79,13 +100,20 @@ TEST_F(Settings, TicksFollowTheTablesAndReachThemBySaving) {
         }
         EXPECT_EQ(w.Caption, "Urval: Övrigt");
         // A sort keeps the tick on its row, and each list has a direction of its own.
-        w.lvwMetal.ColumnClick(1);
+        for (platform::ListView* list : {&w.lvwMetal, &w.lvwConcentrations}) {
+            list->ColumnClick(1);
+            EXPECT_TRUE(test::Columns(*list).front().ends_with(" sort-descending"));
+        }
         EXPECT_EQ(Ticks(w.lvwMetal), "K2- K1- K3+");
         EXPECT_EQ(Saved(), kAsDelivered);
         w.cmdSpara.InputClick();
     });
     EXPECT_EQ(Saved(), (Strings{"Conc 1", "Metal 3", "Plast 2", "Temp 1", "Tight 2", "Misc 2"}));
     EXPECT_EQ(Run.Desktop.Logged("pointer"), (Strings{"pointer 11", "pointer 0"}));
+    // Every row, changed or not, list by list.
+    EXPECT_EQ(Run.Ask("SELECT What FROM Log"),
+              (Strings{"Conc", "Conc", "Conc", "Conc", "Metal", "Metal", "Metal", "Misc", "Misc", "Plast",
+                       "Plast", "Temp", "Temp", "Temp", "Temp", "Tight", "Tight"}));
 
     Open([&](frmInställningar& w) {
         w.SSTab1.InputTab(3);
@@ -203,6 +231,7 @@ TEST_F(Settings, ALanguageTakesEffectWhenItIsChosen) {
     EXPECT_EQ(Run.Boxes().size(), 1U);
     EXPECT_EQ(Run.Main().cmdSök.Caption, "&Search");
     EXPECT_EQ(Run.Core.gSpråk, "Svenska");
+    EXPECT_TRUE(Run.Main().imgBild(0).Visible);
     Open([&](frmInställningar& w) {
         EXPECT_EQ(w.lvwMetal.Item(0).Text, "Guld");
         w.cmdSpara.InputClick();
@@ -210,7 +239,18 @@ TEST_F(Settings, ALanguageTakesEffectWhenItIsChosen) {
     EXPECT_EQ(Run.Core.gSpråk, "English");
     EXPECT_FALSE(Run.Main().imgBild(0).Visible);
     EXPECT_EQ(Run.Core.gVärdeText1, "+ Beständig");
-    Open([&](frmInställningar& w) { EXPECT_EQ(w.lvwMetal.Item(0).Text, "Gold"); });
+    Open([&](frmInställningar& w) {
+        Strings rows;
+        for (const platform::ListView* list : Lists(w)) {
+            rows.push_back(test::Rows(*list).back());
+        }
+        EXPECT_EQ(rows, (Strings{"half", "Zinc|Zn", "PVC|Rigid", "100ºC", "NBR|Nitrile", "Wood|Pine"}));
+        // By hand, the language in force is a change like any other.
+        test::Choose(w.cboLang, "English");
+        Run.Desktop.Answers = {platform::msg::AnswerNo};
+    });
+    EXPECT_EQ(Run.Boxes(), Strings{"[292 Vemora] " + Run.T("R0043")});
+    EXPECT_EQ(Run.Core.gFelTitel, "Vemora");
 }
 
 TEST_F(Settings, TheActiveLanguageIsOneFileUntilItsCopyFails) {

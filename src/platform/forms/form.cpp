@@ -215,10 +215,22 @@ bool Form::PageKey(int keyCode, int shift) {
         if (tabs != nullptr && tabs->Reachable()) {
             const int step = keyCode == key::PageDown ? 1 : tabs->Tabs() - 1;
             tabs->Tab = (tabs->Tab + step) % tabs->Tabs();
+            FollowPage(*tabs);
             return true;
         }
     }
     return false;
+}
+
+// The focus doesn't stay behind on a page that is closed now.
+void Form::FollowPage(SSTab& tabs) {
+    if (active_ == nullptr || active_->Container() != &tabs || active_->Reachable()) {
+        return;
+    }
+    const auto first = std::find_if(controls_.begin(), controls_.end(), [&](const Control* control) {
+        return control->Container() == &tabs && control->TakesFocus() && control->Reachable();
+    });
+    (first == controls_.end() ? &tabs : *first)->SetFocus();
 }
 
 bool Form::DialogKey(int keyCode) {

@@ -136,6 +136,7 @@ class Form : public PropertyOwner {
     void SetActive(Control& control);
     bool DialogKey(int keyCode);
     bool PageKey(int keyCode, int shift);
+    void FollowPage(SSTab& tabs);
     bool MenuShortcut(int keyCode, int shift);
 
     Desktop& desktop_;
