@@ -34,6 +34,16 @@ class frmAbout final : public Window {
     platform::Label lblVersion{*this, "lblVersion", {.Left = 1560, .Top = 645, .Width = 5400, .Height = 255}};
     platform::Label lblDisclaimer{
         *this, "lblDisclaimer", {.Left = 1560, .Top = 1020, .Width = 5400, .Height = 1740, .Tag = "R0330"}};
+    // First in the order, so that Enter closes the box as it comes up.
+    platform::CommandButton cmdOK{*this,
+                                  "cmdOK",
+                                  {.Left = 5625,
+                                   .Top = 3075,
+                                   .Width = 1335,
+                                   .Height = 405,
+                                   .Tag = "R0170",
+                                   .Default = true,
+                                   .Cancel = true}};
     platform::Image imgMaker{
         *this,
         "imgMaker",
@@ -44,15 +54,6 @@ class frmAbout final : public Window {
         {.Left = 2580, .Top = 2880, .Width = 900, .Height = 660, .Tag = ";R0121", .Picture = "logo-manual"}};
     platform::CommandButton cmdSysInfo{
         *this, "cmdSysInfo", {.Left = 3720, .Top = 3075, .Width = 1785, .Height = 405, .Tag = "R0340"}};
-    platform::CommandButton cmdOK{*this,
-                                  "cmdOK",
-                                  {.Left = 5625,
-                                   .Top = 3075,
-                                   .Width = 1335,
-                                   .Height = 405,
-                                   .Tag = "R0170",
-                                   .Default = true,
-                                   .Cancel = true}};
 
   protected:
     void Form_Load() override;

@@ -129,7 +129,7 @@ TEST_P(EveryText, FitsItsPlace) {
     vemora::Windows& all = run.Program.Main.Windows;
     // In German the queries fail by design, with a box each: there the sheet comes up without its table.
     all.Chemical().Nyckel(language == "Deutsch" ? -1 : 1);
-    std::vector<platform::Form*> forms = {&all.Chemical(), &all.UTight()};
+    std::vector<platform::Form*> forms = {&all.Chemical(), &all.UTight(), &all.UPD(), &all.About()};
     if (language != "Deutsch") {
         for (vemora::Windows::Any* window :
              {&all.UChemicals, &all.UConcentration, &all.UTemperature, &all.UMetal, &all.UPlast, &all.UMisc,

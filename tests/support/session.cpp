@@ -22,6 +22,31 @@ void Session::OpenSheet(std::int32_t ID, const std::function<void(vemora::frmChe
     Desktop.Event([&] { Sheet().Show(platform::vbModal, &Main()); });
 }
 
+Strings Session::All() {
+    Strings rows;
+    for (const std::string table : {"Chemical", "Conc", "Temp", "Metal", "Plast", "Tight", "Misc", "relMetal",
+                                    "relPlast", "relTight", "relMisc"}) {
+        platform::adodb::Recordset rs;
+        for (rs.Open("SELECT * FROM " + table, *Core.gCn); !rs.Eof(); rs.MoveNext()) {
+            rows.push_back(table);
+            for (const std::string& field : rs.FieldNames()) {
+                rows.back() += "|" + rs[field].Joined();
+            }
+        }
+    }
+    return rows;
+}
+
+Strings Less(const Strings& from, const Strings& what, const std::string& sign) {
+    Strings left;
+    for (const std::string& row : from) {
+        if (std::find(what.begin(), what.end(), row) == what.end()) {
+            left.push_back(sign + row);
+        }
+    }
+    return left;
+}
+
 Strings Session::Ask(const std::string& statement) {
     platform::adodb::Recordset rs;
     Strings values;

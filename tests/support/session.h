@@ -50,7 +50,12 @@ class Session {
     void Change(const std::string& statement) { Core.gCn->Execute(statement); }
     /// The first field of every row of a statement.
     Strings Ask(const std::string& statement);
+    /// Every row of every table: "relMetal|1|2|3|4|+|0".
+    Strings All();
 };
+
+/// What is in one list of rows and not in the other, each with a sign before it.
+Strings Less(const Strings& from, const Strings& what, const std::string& sign = {});
 
 /// A run whose main window is up, over rows that statements of the store's own SQL have changed.
 struct Running : Session {

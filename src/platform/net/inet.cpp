@@ -109,7 +109,6 @@ struct Request {
         case CURLE_COULDNT_RESOLVE_HOST:
         case CURLE_COULDNT_RESOLVE_PROXY:
         case CURLE_URL_MALFORMAT:
-        case CURLE_UNSUPPORTED_PROTOCOL:
             Fail(errors::UnknownHost, request.Url, "there is no such server");
         case CURLE_COULDNT_CONNECT:
             Fail(errors::NoConnection, request.Url, "the server doesn't answer");
@@ -164,7 +163,8 @@ std::string Inet::OpenURL(const std::string& address) {
     std::string url = address;
     for (int redirects = 0;; ++redirects) {
         const Address parsed = Parse(url);
-        if (parsed == nullptr || PartOf(parsed, CURLUPART_HOST).empty()) {
+        const std::string scheme = parsed == nullptr ? std::string() : PartOf(parsed, CURLUPART_SCHEME);
+        if ((scheme != "http" && scheme != "https") || PartOf(parsed, CURLUPART_HOST).empty()) {
             Fail(errors::UnknownHost, url, "no server is named there");
         }
         const Easy easy(curl_easy_init());
