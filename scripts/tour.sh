@@ -147,6 +147,20 @@ keep() {
         wait_for "the end of $title" active_is "$main_title"
     done
 
+    # The menu behind it: the update, and what the program is.
+    case "$language" in
+        Svenska) open_from_menu h u "Uppdatera databasen" && title="Om Vemora" ;;
+        English) open_from_menu h u "Update the database" && title="About Vemora" ;;
+    esac
+    picture "$language-6-update"
+    keys Escape
+    wait_for "the end of the update" active_is "$main_title"
+    keys alt+h Up Return
+    wait_for "the about box" active_is "$title"
+    picture "$language-6-about"
+    keys Return
+    wait_for "the end of the about box" active_is "$main_title"
+
     # A chemical of one's own: its formula and its name are typed, and the search finds it.
     [ "$language" = English ] || return 0
     open_from_menu m c Chemicals

@@ -28,9 +28,9 @@ class frmAbout final : public Window {
                              {.Left = 1560,
                               .Top = 240,
                               .Width = 5400,
-                              .Height = 360,
+                              .Height = 375,
                               .Caption = "Vemora",
-                              .Font = {.Size = 16, .Bold = true}}};
+                              .Font = {.Size = 14, .Bold = true}}};
     platform::Label lblVersion{*this, "lblVersion", {.Left = 1560, .Top = 645, .Width = 5400, .Height = 255}};
     platform::Label lblDisclaimer{
         *this, "lblDisclaimer", {.Left = 1560, .Top = 1020, .Width = 5400, .Height = 1740, .Tag = "R0330"}};

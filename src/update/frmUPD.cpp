@@ -14,7 +14,7 @@ namespace pointer = platform::pointer;
 
 frmUPD::frmUPD(mMain& main)
     : Window(main, "frmUPD",
-             {.Caption = "Uppdatera databasen", .Tag = "R0077", .ClientWidth = 7200, .ClientHeight = 3165}) {
+             {.Caption = "Uppdatera databasen", .Tag = "R0077", .ClientWidth = 7200, .ClientHeight = 2865}) {
     cmdImport.Click = [this] { cmdImport_Click(); };
     cmdClose.Click = [this] { Unload(); };
     Inet.Waiting = [this] { Screen().Paint(); };

@@ -22,21 +22,21 @@ class frmUPD final : public Window {
     platform::Image imgBild{
         *this, "imgBild", {.Left = 240, .Top = 240, .Width = 1080, .Height = 720, .Picture = "update"}};
     platform::Label lblBesk{
-        *this, "lblBesk", {.Left = 1560, .Top = 240, .Width = 5400, .Height = 1380, .Tag = "R0277"}};
+        *this, "lblBesk", {.Left = 1560, .Top = 240, .Width = 5400, .Height = 1080, .Tag = "R0277"}};
     platform::Label lblInfo{
         *this,
         "lblInfo",
-        {.Left = 1560, .Top = 1740, .Width = 5400, .Height = 255, .Tag = "R0278", .Visible = false}};
+        {.Left = 1560, .Top = 1440, .Width = 5400, .Height = 255, .Tag = "R0278", .Visible = false}};
     platform::Label lblPost{
-        *this, "lblPost", {.Left = 1560, .Top = 2055, .Width = 5400, .Height = 255, .Font = {.Bold = true}}};
+        *this, "lblPost", {.Left = 1560, .Top = 1755, .Width = 5400, .Height = 255, .Font = {.Bold = true}}};
     platform::CommandButton cmdImport{
         *this,
         "cmdImport",
-        {.Left = 4170, .Top = 2520, .Width = 1335, .Height = 405, .Tag = "R0275;R0276", .Default = true}};
+        {.Left = 4170, .Top = 2220, .Width = 1335, .Height = 405, .Tag = "R0275;R0276", .Default = true}};
     platform::CommandButton cmdClose{
         *this,
         "cmdClose",
-        {.Left = 5625, .Top = 2520, .Width = 1335, .Height = 405, .Tag = "R0273;R0274", .Cancel = true}};
+        {.Left = 5625, .Top = 2220, .Width = 1335, .Height = 405, .Tag = "R0273;R0274", .Cancel = true}};
     platform::Inet Inet;
 
   protected:
