@@ -1,8 +1,8 @@
 # Copyright (c) 2026 The Vemora developers
 # SPDX-License-Identifier: MIT
 
-# Lays out the program's folder as it is delivered: FOLDER gets the program, the language files and the
-# database. A database or an active language file that is there already is the user's and stays.
+# Lays out the program's folder as it is delivered: FOLDER gets the program, the language files, the pages and
+# the database. A database or an active language file that is there already is the user's and stays.
 file(MAKE_DIRECTORY "${FOLDER}/bin")
 file(COPY_FILE "${PROGRAM}" "${FOLDER}/vemora" ONLY_IF_DIFFERENT)
 file(GLOB language_files "${LANGUAGES}/Lang*.ini")
@@ -10,6 +10,7 @@ foreach(file IN LISTS language_files)
   get_filename_component(name "${file}" NAME)
   file(COPY_FILE "${file}" "${FOLDER}/bin/${name}" ONLY_IF_DIFFERENT)
 endforeach()
+file(COPY "${PAGES}" DESTINATION "${FOLDER}")
 if(NOT EXISTS "${FOLDER}/Vemora.mdb")
   file(COPY_FILE "${DATABASE}" "${FOLDER}/Vemora.mdb")
 endif()

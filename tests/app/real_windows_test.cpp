@@ -4,12 +4,16 @@
 // The program's own windows on the real window system, driven by keyboard and mouse.
 
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTreeView>
+#include <atomic>
+#include <thread>
 #include <tuple>
 
 #include "app/program.h"
@@ -18,7 +22,9 @@
 #include "qt/support.h"
 #include "relations/frmURelations.h"
 #include "sheet/frmChemical.h"
+#include "support/http_server.h"
 #include "support/program_folder.h"
+#include "update/frmUPD.h"
 
 namespace {
 
@@ -308,6 +314,49 @@ TEST(RealWindows, AVerdictIsStatedAndAChoiceMadeByKeyboard) {
     EXPECT_EQ(test::Ask(cn, "SELECT ConcID, TempID, PlastID, TheValue, Egen FROM relPlast WHERE ChemID = 2"),
               "1|1|2|+|-1");
     EXPECT_EQ(test::Ask(cn, "SELECT Name, Med FROM Metal"), "Stål|0/Zink|0/Guld|0");
+    main->close();
+}
+
+// While the program waits for the server, the windows are painted, and what the user does is dropped.
+TEST(RealWindows, AnUpdateIsShownAndTakesNoInput) {
+    Shown run("English");
+    std::atomic<bool> answer = false;
+    test::HttpServer server([&](const std::string&) {
+        while (!answer) {
+            std::this_thread::yield();
+        }
+        return test::HttpServer::Ok("heading\r\n7;HF;Fluor;;;;;;;;\r\n");
+    });
+    QWidget* main = run.Start();
+    run.Program.Main.Published.UpdateHost = server.Host();
+    auto& window = dynamic_cast<vemora::frmUPD&>(run.Program.Main.Windows.UPD());
+    int turns = 0;
+    bool painted = false;
+    window.Inet.Waiting = [&, paint = window.Inet.Waiting] {
+        QWidget* shown = WindowNamed("frmUPD");
+        if (++turns == 1) {
+            QApplication::postEvent(Child<QLineEdit>(main, "txtChem"),
+                                    new QKeyEvent(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, "x"));
+            QApplication::postEvent(main, new QCloseEvent);
+            QApplication::postEvent(shown, new QCloseEvent);
+            shown->update();
+        }
+        paint();
+        painted = painted || !Child<QPushButton>(shown, "cmdImport")->isEnabled();
+        answer = turns > 3;
+    };
+    QString box;
+    WhileUp("frmUPD", [&](QWidget* shown) {
+        AnswerBox(box);
+        QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(WindowNamed("frmUPD"), nullptr);
+    });
+    window.Show(platform::vbModal);
+    EXPECT_TRUE(painted);
+    EXPECT_EQ(box, "1 change(s) made in the database.");
+    EXPECT_EQ(Child<QLineEdit>(main, "txtChem")->text(), "");
+    EXPECT_TRUE(main->isVisible());
+    EXPECT_EQ(test::Ask(*run.Program.Main.gCn, "SELECT Formula FROM Chemical WHERE ID = 7"), "HF");
     main->close();
 }
 
