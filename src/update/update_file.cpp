@@ -66,9 +66,6 @@ bool UpdateLines::Next(std::string& line) {
     for (; c >= 0 && c != '\r' && c != '\n'; c = Get()) {
         bytes += static_cast<char>(c);
     }
-    if (c == '\r' && Get() != '\n' && filled_ > 0) {
-        --at_;
-    }
     line = platform::FromWindows1252(bytes);
     return true;
 }

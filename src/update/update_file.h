@@ -34,7 +34,7 @@ class UpdateFields {
 };
 
 /// Reads an update file line by line: Windows-1252, lines that end with CR LF, LF or CR, the last one with or
-/// without.
+/// without. Between CR and LF lies an empty line, which is passed over like any other.
 class UpdateLines {
   public:
     /// Error 53, 70 or 75 when the file can't be read.
