@@ -4,7 +4,6 @@
 // The program's own windows on the real window system, driven by keyboard and mouse.
 
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -337,8 +336,9 @@ TEST(RealWindows, AnUpdateIsShownAndTakesNoInput) {
         if (++turns == 1) {
             QApplication::postEvent(Child<QLineEdit>(main, "txtChem"),
                                     new QKeyEvent(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, "x"));
-            QApplication::postEvent(main, new QCloseEvent);
-            QApplication::postEvent(shown, new QCloseEvent);
+            for (QWidget* each : {main, shown}) {
+                QTimer::singleShot(0, each, &QWidget::close);
+            }
             shown->update();
         }
         paint();
