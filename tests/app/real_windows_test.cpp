@@ -15,6 +15,7 @@
 #include <thread>
 #include <tuple>
 
+#include "about/frmAbout.h"
 #include "app/program.h"
 #include "maintenance/record_window.h"
 #include "qt/clipping.h"
@@ -357,6 +358,24 @@ TEST(RealWindows, AnUpdateIsShownAndTakesNoInput) {
     EXPECT_EQ(Child<QLineEdit>(main, "txtChem")->text(), "");
     EXPECT_TRUE(main->isVisible());
     EXPECT_EQ(test::Ask(*run.Program.Main.gCn, "SELECT Formula FROM Chemical WHERE ID = 7"), "HF");
+    main->close();
+}
+
+TEST(RealWindows, ThePicturesOfTheAboutBoxArePressed) {
+    Shown run("English");
+    QWidget* main = run.Start();
+    auto& about = dynamic_cast<vemora::frmAbout&>(run.Program.Main.Windows.About());
+    int pressed = 0;
+    about.imgMaker.Click = [&pressed] { ++pressed; };
+    WhileUp("frmAbout", [&](QWidget* window) {
+        QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Space);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+        QTest::mouseClick(Child<QWidget>(window, "imgMaker"), Qt::LeftButton);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+    });
+    about.Show(platform::vbModal);
+    EXPECT_EQ(pressed, 3);
     main->close();
 }
 
