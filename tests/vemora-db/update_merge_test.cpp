@@ -88,7 +88,10 @@ TEST(UpdateFile, TellsWhatItCannotCarry) {
          "warning Chemical 1 a chemical of the user's own is left out with its verdicts: ID 5",
          {}},
         {"SELECT 1", "warning relMisc 7 a verdict on a material that has no field: ChemID 1,", {}},
-        {"SELECT 1", "warning relMetal 4 a verdict of the user's own is left out: ChemID 1, ConcID -1,", {}},
+        {"SELECT 1",
+         "warning relMetal 4 a verdict of the user's own is left out, and blanked where its line has others: "
+         "ChemID 1, ConcID -1,",
+         {}},
         {"UPDATE relPlast SET PlastID = 9 WHERE PlastID = 6",
          "warning relPlast 3 a verdict on a material",
          {}},
@@ -196,7 +199,7 @@ TEST(Diff, TellsBeforehandWhatTakingInDoesAndNothingBehind) {
                      "INSERT INTO Chemical(ID, NameSE, NoteEN) VALUES(7, 'L''eau \x22x\x22 – €', 'a''b');"
                      "UPDATE Chemical SET NameEN = 'Acid', NoteSE = 'Stark' WHERE ID = 1;"
                      "UPDATE Conc SET ConcentrationEN = '10 per cent' WHERE ID = 1;"
-                     "INSERT INTO Conc(ConcentrationSE) VALUES('ren');"
+                     "INSERT INTO Conc(ConcentrationSE) VALUES('ren \x22[b');"
                      "INSERT INTO [Temp](Temp) VALUES('99ºC');"
                      "INSERT INTO relTight VALUES(7, 3, 4, 8, '-', 0), (7, -1, 1, 8, '0', 0);"
                      "UPDATE relMetal SET TheValue = '-' WHERE ChemID = 2;"
@@ -212,8 +215,8 @@ TEST(Diff, TellsBeforehandWhatTakingInDoesAndNothingBehind) {
           "changed Chemical ID 1, \"Svavelsyra\": NameEN \"Sulfuric acid\" -> \"Acid\", NoteSE \"Stark, "
           "\"rykande\" vid 20 %\" -> \"Stark\"\n",
           "changed Conc ID 1, \"10 %\": ConcentrationEN \"10 % sol.\" -> \"10 per cent\"\n",
-          "new Conc ID 3, \"ren\"\n", "new Temp ID 4, \"99ºC\"\n",
-          "new relTight \"L'eau \"x\" – €\", \"ren\", \"99ºC\", \"Tight-8 sv\": \"-\"\n",
+          "new Conc ID 3, \"ren \"[b\"\n", "new Temp ID 4, \"99ºC\"\n",
+          "new relTight \"L'eau \"x\" – €\", \"ren \"[b\", \"99ºC\", \"Tight-8 sv\": \"-\"\n",
           "new relTight \"L'eau \"x\" – €\", ConcID -1, \"20ºC\", \"Tight-8 sv\": \"0\"\n",
           "changed relMetal \"Paraffin\", \"mättad\", \"20ºC\", \"Metal-1 sv\": \"0\" -> \"-\"\n",
           "changed relPlast \"Svavelsyra\", \"10 %\", \"60ºC\", \"Plast-6 sv\": \" \" -> \"0\"\n",

@@ -230,7 +230,8 @@ class UpdateWriter {
             if (place == kValueFields.end()) {
                 HasNoPlace("a verdict on a material that has no field", relation, example);
             } else if (rows.Integer(5) != 0 && !choice_.Own) {
-                HasNoPlace("a verdict of the user's own is left out", relation, example);
+                HasNoPlace("a verdict of the user's own is left out, and blanked where its line has others",
+                           relation, example);
             } else {
                 ValueLine& line = lines_[chemical][{Rank(rows.Integer(1)), rows.Integer(2)}];
                 const std::string_view verdict = rows.Text(4);
