@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <random>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -19,60 +18,13 @@
 #include "vemora-db/csv_reader.h"
 #include "vemora-db/failures.h"
 #include "vemora-db/tables.h"
+#include "vemora-db/temporary_file.h"
 
 namespace vemora_db {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-fs::path Beside(const fs::path& file, std::string_view suffix) {
-    fs::path name = file;
-    name += suffix;
-    return name;
-}
-
-/// A new name beside the file. What lies there is gone at the end unless it took the file's place.
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(const fs::path& file) : target_(file) {
-        // Of two programs that make the same file, each must rename its own.
-        path_ = Beside(file, "." + std::to_string(std::random_device{}()) + ".tmp");
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        std::error_code ignored;
-        for (const std::string_view suffix : {"", "-wal", "-shm", "-journal"}) {
-            fs::remove(Beside(path_, suffix), ignored);
-        }
-    }
-
-    const fs::path& Path() const { return path_; }
-    /// Replaces the file, whose permissions stay what they were.
-    void TakePlace() {
-        std::error_code problem;
-        const fs::file_status old = fs::status(target_, problem);
-        problem.clear();
-        // Not every file system can change them; there they are alike.
-        if (fs::exists(old) && old.permissions() != fs::status(path_, problem).permissions()) {
-            fs::permissions(path_, old.permissions(), problem);
-        }
-        if (!problem) {
-            fs::rename(path_, target_, problem);
-        }
-        if (problem) {
-            throw platform::Error(
-                platform::errors::PathFileAccess,
-                "Replacing \"" + platform::Utf8FromPath(target_) + "\" failed: " + problem.message() + ".",
-                "create");
-        }
-    }
-
-  private:
-    fs::path target_;
-    fs::path path_;
-};
 
 class Creator {
   public:
@@ -250,10 +202,7 @@ void CheckTarget(const fs::path& file, bool replace) {
         throw WrongUsage(name + " exists already; --force replaces it");
     }
     // Beside a new file the journal of the old one would be taken for that of the new one.
-    if (fs::exists(Beside(file, "-wal"), problem) || fs::exists(Beside(file, "-journal"), problem)) {
-        throw WrongUsage(name +
-                         " is in use, or was not closed in order: open and close it with the program first");
-    }
+    RefuseJournal(file);
 }
 
 }  // namespace

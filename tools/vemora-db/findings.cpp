@@ -6,18 +6,13 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/text/text.h"
+#include "vemora-db/text_table.h"
 
 namespace vemora_db {
 
 namespace {
 
 constexpr std::size_t kExamples = 3;
-
-std::string Padded(const std::string& text, std::size_t width) {
-    const std::size_t length = platform::Len(text);
-    return length < width ? text + std::string(width - length, ' ') : text;
-}
 
 }  // namespace
 
@@ -37,8 +32,7 @@ bool Findings::Has(Severity severity) const {
 }
 
 void Findings::Print(std::ostream& out, bool warnings) const {
-    using Row = std::array<std::string, 4>;
-    std::vector<Row> rows = {{"Severity", "Where", "Count", "What"}};
+    std::vector<std::vector<std::string>> rows = {{"Severity", "Where", "Count", "What"}};
     std::array<std::size_t, 2> kinds{};
     for (const auto& [name, finding] : findings_) {
         const auto& [severity, where, what] = name;
@@ -57,16 +51,7 @@ void Findings::Print(std::ostream& out, bool warnings) const {
             {severity == Severity::Error ? "error" : "warning", where, std::to_string(finding.Count), text});
     }
     if (rows.size() > 1) {
-        Row::size_type widest[3] = {};
-        for (const Row& row : rows) {
-            for (std::size_t i = 0; i < 3; ++i) {
-                widest[i] = std::max(widest[i], platform::Len(row[i]));
-            }
-        }
-        for (const Row& row : rows) {
-            out << Padded(row[0], widest[0]) << "  " << Padded(row[1], widest[1]) << "  "
-                << std::string(widest[2] - row[2].size(), ' ') << row[2] << "  " << row[3] << '\n';
-        }
+        PrintRows(out, rows);
         out << '\n';
     }
     out << "Kinds of errors: " << kinds[0] << ", of warnings: " << kinds[1]

@@ -11,9 +11,12 @@
 #include "platform/files/files.h"
 #include "vemora-db/check.h"
 #include "vemora-db/create.h"
+#include "vemora-db/diff.h"
 #include "vemora-db/export.h"
+#include "vemora-db/merge.h"
 #include "vemora-db/password.h"
 #include "vemora-db/progress.h"
+#include "vemora-db/write_update.h"
 
 namespace vemora_db {
 
@@ -24,8 +27,11 @@ constexpr const char* kExamples =
     "  vemora-db create data Vemora.mdb          make the database to be delivered\n"
     "  vemora-db check Vemora.mdb                is it sound and complete?\n"
     "  vemora-db export Vemora.mdb data --force  bring changes in the database back\n"
+    "  vemora-db update-file new.mdb Varden.skv  make the update for older databases\n"
+    "  vemora-db diff Vemora.mdb Varden.skv      what would the update change?\n"
+    "  vemora-db merge Vemora.mdb old.mdb        take the user's own rows along\n"
     "\n"
-    "Exit status: 0 all is well, 1 check has findings, 2 wrong usage, 3 bad data,\n"
+    "Exit status: 0 all is well, 1 there are findings or differences, 2 wrong usage, 3 bad data,\n"
     "4 a file or the database failed. See also: vemora-db COMMAND --help";
 
 constexpr const char* kCreateExamples =
@@ -65,16 +71,57 @@ constexpr const char* kCheckExamples =
     "  vemora-db check --quiet Vemora.mdb || echo \"not sound\"\n"
     "      Tells it by the exit status alone.";
 
+constexpr const char* kUpdateExamples =
+    "Findings tell what an update file can't carry. Errors are what it would have a\n"
+    "place for: texts with semicolons, line breaks or characters outside of\n"
+    "Windows-1252, which are replaced, and verdicts whose concentration or temperature\n"
+    "can't be named, which are left out. Warnings are what it has no place for: other\n"
+    "materials, rich formulas, the user's own rows.\n"
+    "\n"
+    "Examples:\n"
+    "  vemora-db update-file Vemora.mdb Varden.skv\n"
+    "      Writes all chemicals with their verdicts.\n"
+    "  vemora-db update-file --force Vemora.mdb Varden.skv Svavelsyra \"Citronsyra\"\n"
+    "      Writes these two, by their Swedish names, over an existing file.";
+
+constexpr const char* kDiffExamples =
+    "The update is taken into a copy of OLD in the way the program does it, and the\n"
+    "copy is compared with OLD; both OLD and NEW stay as they are. A new blank verdict\n"
+    "is counted, and told as a row only with --blanks. Without a difference the exit\n"
+    "status is 0.\n"
+    "\n"
+    "Examples:\n"
+    "  vemora-db diff Vemora.mdb Varden.skv\n"
+    "      What the update file would change.\n"
+    "  vemora-db diff Vemora.mdb new.mdb\n"
+    "      What the update file of new.mdb would change.";
+
+constexpr const char* kMergeExamples =
+    "FILE is a new delivered database, FROM the one that was used before. Rows are the\n"
+    "same whose Swedish names are equal. The user's rows that FILE hasn't are added,\n"
+    "the user's verdicts go before delivered ones, and what took no part takes none.\n"
+    "What can't be carried is told. FROM is only read; on a failure FILE stays as it is.\n"
+    "\n"
+    "Examples:\n"
+    "  vemora-db merge Vemora.mdb old.mdb\n"
+    "      Brings along what is the user's own.\n"
+    "  vemora-db merge --no-warnings Vemora.mdb old.mdb\n"
+    "      Tells only what isn't carried, not what was written over.";
+
 const std::string kProgram = "vemora-db: ";
 constexpr const char* kOutputLost = "Writing the output failed.";
 
 struct Arguments {
     std::string Data;
     std::string File;
+    std::string Other;
+    std::vector<std::string> Chemicals;
     std::string PasswordFile;
     bool Force = false;
     bool Quiet = false;
     bool NoWarnings = false;
+    bool Own = false;
+    bool Blanks = false;
 };
 
 void AddPassword(CLI::App& command, Arguments& arguments) {
@@ -97,6 +144,14 @@ void AddData(CLI::App& command, Arguments& arguments, const char* what) {
     command.add_option("DATA", arguments.Data, what)->required()->type_name("");
 }
 
+void AddOther(CLI::App& command, Arguments& arguments, const char* name, const char* what) {
+    command.add_option(name, arguments.Other, what)->required()->type_name("");
+}
+
+void AddNoWarnings(CLI::App& command, Arguments& arguments) {
+    command.add_flag("--no-warnings", arguments.NoWarnings, "Look at errors only");
+}
+
 std::string Password(const Arguments& arguments) {
     if (arguments.PasswordFile.empty()) {
         return std::string(kDeliveredPassword);
@@ -109,11 +164,13 @@ std::string Password(const Arguments& arguments) {
     return password;
 }
 
-Status RunCheck(const Arguments& arguments, std::ostream& out, Progress& progress) {
-    const Findings findings = Check(platform::PathFromUtf8(arguments.File), Password(arguments), progress);
+/// Lets a result be printed and tells whether it holds findings that were asked for.
+template <class Result>
+Status Tell(const Result& result, const Findings& findings, const Arguments& arguments, std::ostream& out,
+            Progress& progress) {
     progress.Clear();
     if (!arguments.Quiet) {
-        findings.Print(out, !arguments.NoWarnings);
+        result.Print(out, !arguments.NoWarnings);
         if (!out.flush()) {
             throw platform::Error(platform::errors::DiskNotReady, kOutputLost, "check");
         }
@@ -121,6 +178,32 @@ Status RunCheck(const Arguments& arguments, std::ostream& out, Progress& progres
     const bool found =
         findings.Has(Severity::Error) || (!arguments.NoWarnings && findings.Has(Severity::Warning));
     return found ? Status::Findings : Status::Fine;
+}
+
+Status RunCheck(const Arguments& arguments, std::ostream& out, Progress& progress) {
+    const Findings findings = Check(platform::PathFromUtf8(arguments.File), Password(arguments), progress);
+    return Tell(findings, findings, arguments, out, progress);
+}
+
+Status RunUpdate(const Arguments& arguments, std::ostream& out, Progress& progress) {
+    const Findings findings =
+        WriteUpdate(platform::PathFromUtf8(arguments.File), platform::PathFromUtf8(arguments.Other),
+                    Password(arguments), {arguments.Chemicals, arguments.Own}, arguments.Force, progress);
+    return Tell(findings, findings, arguments, out, progress);
+}
+
+Status RunDiff(const Arguments& arguments, std::ostream& out, Progress& progress) {
+    const Differences differences =
+        Diff(platform::PathFromUtf8(arguments.File), platform::PathFromUtf8(arguments.Other),
+             Password(arguments), arguments.Blanks, progress);
+    const Status status = Tell(differences, differences.Strange, arguments, out, progress);
+    return differences.Any() ? Status::Findings : status;
+}
+
+Status RunMerge(const Arguments& arguments, std::ostream& out, Progress& progress) {
+    const Merged merged = Merge(platform::PathFromUtf8(arguments.File),
+                                platform::PathFromUtf8(arguments.Other), Password(arguments), progress);
+    return Tell(merged, merged.Strange, arguments, out, progress);
 }
 
 Status RunExport(const Arguments& arguments, std::ostream& err, Progress& progress) {
@@ -142,7 +225,7 @@ Status RunExport(const Arguments& arguments, std::ostream& err, Progress& progre
 
 Status Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err, bool terminal) {
     Arguments arguments;
-    CLI::App app("Makes, exports and checks the database of Vemora.", "vemora-db");
+    CLI::App app("Makes, exports, checks, updates and merges databases of Vemora.", "vemora-db");
     app.footer(kExamples);
     app.require_subcommand(1);
     app.set_version_flag("--version", std::string("vemora-db " VEMORA_VERSION), "Print the version and exit");
@@ -166,8 +249,35 @@ Status Run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     check.footer(kCheckExamples);
     AddFile(check, arguments, "Database to be checked");
     check.add_flag("-q,--quiet", arguments.Quiet, "Print nothing; the exit status tells");
-    check.add_flag("--no-warnings", arguments.NoWarnings, "Look at errors only");
+    AddNoWarnings(check, arguments);
     AddPassword(check, arguments);
+
+    CLI::App& update = *app.add_subcommand(
+        "update-file", "Write the update file OUT that brings older databases up to FILE");
+    update.footer(kUpdateExamples);
+    AddFile(update, arguments, "Database to be read");
+    AddOther(update, arguments, "OUT", "Update file to be written");
+    update.add_option("CHEMICAL", arguments.Chemicals, "Only these, by their Swedish names")->type_name("");
+    update.add_flag("--own", arguments.Own, "Write the user's own rows, too");
+    AddForce(update, arguments, "Replace an existing OUT");
+    AddNoWarnings(update, arguments);
+    AddPassword(update, arguments);
+
+    CLI::App& diff = *app.add_subcommand("diff", "Tell what an update would change in the database OLD");
+    diff.footer(kDiffExamples);
+    diff.add_option("OLD", arguments.File, "Database that the update is for")->required()->type_name("");
+    AddOther(diff, arguments, "NEW", "Update file (*.skv), or the newer database");
+    diff.add_flag("--blanks", arguments.Blanks, "Tell each new blank verdict, too");
+    AddNoWarnings(diff, arguments);
+    AddPassword(diff, arguments);
+
+    CLI::App& merge =
+        *app.add_subcommand("merge", "Bring the user's rows of FROM into the new database FILE");
+    merge.footer(kMergeExamples);
+    AddFile(merge, arguments, "New database, which is changed");
+    AddOther(merge, arguments, "FROM", "Old database, which is only read");
+    AddNoWarnings(merge, arguments);
+    AddPassword(merge, arguments);
 
     try {
         app.parse(argc, argv);
@@ -193,7 +303,14 @@ Status Run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
                    Password(arguments), arguments.Force, progress);
             return Status::Fine;
         }
-        return exporting.parsed() ? RunExport(arguments, err, progress) : RunCheck(arguments, out, progress);
+        if (exporting.parsed()) {
+            return RunExport(arguments, err, progress);
+        }
+        const auto run = check.parsed()    ? RunCheck
+                         : update.parsed() ? RunUpdate
+                         : diff.parsed()   ? RunDiff
+                                           : RunMerge;
+        return run(arguments, out, progress);
     } catch (const BadData& error) {
         // The place stands first in the line, where editors and build tools look for it.
         return failed(Status::BadData, error.what());

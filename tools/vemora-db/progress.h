@@ -26,6 +26,10 @@ class Progress {
             Show(what, done, total);
         }
     }
+    /// For steps that take long themselves.
+    void TellStep(std::string_view what, std::uintmax_t done, std::uintmax_t total) {
+        Show(what, done, total);
+    }
     /// Takes the line away, so that something else can be said.
     void Clear();
 
