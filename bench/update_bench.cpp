@@ -129,11 +129,12 @@ class BareWriter {
 
 void BareWrites(const fs::path& database, int chemicals, int round) {
     Store store(database, kPassword, Store::Access::Exclusive);
-    BareWriter chemical(store, "SELECT ID FROM Chemical WHERE ID = ?1",
-                        "INSERT INTO Chemical(NameSE, ID, Formula, NameEN, NameGE, NoteSE, NoteEN, NoteGE, "
-                        "NickNameSE, NickNameEN, NickNameGE) VALUES(?1, ?2, 'C2H6O', ?1, ?1, 'not', 'note', "
-                        "'', '', '', '')",
-                        "UPDATE Chemical SET NameSE = ?1, NameEN = ?1, NameGE = ?1, NoteSE = 'not' WHERE ID = ?2");
+    BareWriter chemical(
+        store, "SELECT ID FROM Chemical WHERE ID = ?1",
+        "INSERT INTO Chemical(NameSE, ID, Formula, NameEN, NameGE, NoteSE, NoteEN, NoteGE, "
+        "NickNameSE, NickNameEN, NickNameGE) VALUES(?1, ?2, 'C2H6O', ?1, ?1, 'not', 'note', "
+        "'', '', '', '')",
+        "UPDATE Chemical SET NameSE = ?1, NameEN = ?1, NameGE = ?1, NoteSE = 'not' WHERE ID = ?2");
     BareWriter conc(store, "SELECT ID FROM Conc WHERE ConcentrationSE = ?1",
                     "INSERT INTO Conc(ConcentrationSE, ConcentrationEN, ConcentrationDE) VALUES(?1, ?1, ?1)",
                     "UPDATE Conc SET ConcentrationSE = ?1, ConcentrationEN = ?1, ConcentrationDE = ?1 WHERE "
@@ -201,8 +202,8 @@ int main(int argc, char** argv) {
         const double cells = chemicals * kLines * 16.0;
         std::printf("%s|%.0f|%.0f|%.2f|%.0f µs a cell, %.0f of them of the processor; bare %.0f and %.0f\n",
                     names[round], ourTimes.Wall * 1e3, bareTimes.Wall * 1e3, ourTimes.Wall / bareTimes.Wall,
-                    ourTimes.Wall / cells * 1e6, ourTimes.Processor / cells * 1e6, bareTimes.Wall / cells * 1e6,
-                    bareTimes.Processor / cells * 1e6);
+                    ourTimes.Wall / cells * 1e6, ourTimes.Processor / cells * 1e6,
+                    bareTimes.Wall / cells * 1e6, bareTimes.Processor / cells * 1e6);
     }
     std::printf("memory of an update, twice the lines (MB)|%ld|%ld|%.2f|\n", whole, half,
                 static_cast<double>(whole) / static_cast<double>(half));

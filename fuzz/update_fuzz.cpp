@@ -73,8 +73,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static Database database;
     static int runs = 0;
     const fs::path file = database.Folder / "Upd.skv";
-    std::ofstream(file, std::ios::binary).write(reinterpret_cast<const char*>(data),
-                                                static_cast<std::streamsize>(size));
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     vemora::UpdateWriters writers(database.Connection, [](const platform::Error& error, const char* ending) {
         if (error.Description.empty() || std::string(ending).empty()) {
             std::abort();
