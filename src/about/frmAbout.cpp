@@ -10,11 +10,11 @@ namespace msg = platform::msg;
 frmAbout::frmAbout(mMain& main)
     : Window(main, "frmAbout",
              {.Caption = "Om Vemora", .Tag = "R0205", .ClientWidth = 7200, .ClientHeight = 3720}) {
-    const auto open = [this](const std::string& page, const char* own) {
-        Main.ÖppnaWebbsida(page.empty() ? Main.PageInFolder(own) : page);
+    imgMaker.Click = [this] { Main.ÖppnaWebbsida(Main.Published.MakerPage); };
+    imgDistributor.Click = [this] {
+        const std::string& page = Main.Published.DistributorPage;
+        Main.ÖppnaWebbsida(page.empty() ? Main.PageInFolder("manual") : page);
     };
-    imgMaker.Click = [this, open] { open(Main.Published.MakerPage, "data"); };
-    imgDistributor.Click = [this, open] { open(Main.Published.DistributorPage, "manual"); };
     cmdSysInfo.Click = [this] { cmdSysInfo_Click(); };
     cmdOK.Click = [this] { Unload(); };
 }
@@ -22,6 +22,7 @@ frmAbout::frmAbout(mMain& main)
 void frmAbout::Form_Load() {
     SetTextOfForm();
     Icon = Main.MainIcon;
+    lblTitle.Caption = gFelTitel;
     lblVersion.Caption = "Version " + Main.Published.Version;
     VisaBild(imgBild);
 }

@@ -55,15 +55,16 @@ QString AccessibleName(const platform::Control& control) {
         return caption;
     }
     QString name;
+    const bool picture = dynamic_cast<const platform::Image*>(&control) != nullptr;
     const bool labelled =
-        control.TakesFocus() || dynamic_cast<const platform::oFormula*>(&control) != nullptr;
+        (control.TakesFocus() && !picture) || dynamic_cast<const platform::oFormula*>(&control) != nullptr;
     if (const platform::Label* label = labelled ? NearestLabel(control) : nullptr) {
         name = read(label->Caption);
     } else {
         name = QString::fromStdString(control.ToolTipText);
     }
     // A picture without words of its own belongs to the window as a whole.
-    if (name.isEmpty() && dynamic_cast<const platform::Image*>(&control) != nullptr) {
+    if (name.isEmpty() && picture) {
         name = QString::fromStdString(control.Parent().Caption);
     }
     // A formula that is only drawn can't be walked through: its name has to say what it is.

@@ -58,11 +58,13 @@ bool Adapter::Filter(QEvent&) {
 }
 
 void Adapter::Report(const std::function<void()>& input) {
-    if (window_.Flushing() || Application::IsDeaf()) {
+    if (window_.Flushing()) {
         return;
     }
     const auto run = [this, input] {
-        window_.Input(input);
+        if (!Application::IsDeaf()) {
+            window_.Input(input);
+        }
         window_.Mark(*this);
     };
     if (Application::InUserEvent()) {

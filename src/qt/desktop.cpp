@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProcess>
@@ -303,12 +304,16 @@ void QtDesktop::ClipboardSetText(const std::string& text) {
 
 bool QtDesktop::OpenWebPage(const std::string& address) {
     const QString text = QString::fromStdString(address);
-    return QDesktopServices::openUrl(text.contains("://") ? QUrl(text) : QUrl::fromLocalFile(text));
+    return QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)
+                                                             : QUrl::fromUserInput(text));
 }
 
 bool QtDesktop::OpenSystemInformation() {
+    // Elsewhere "open" may be another program.
     static const QStringList tools[] = {{"msinfo32"},
+#ifdef Q_OS_MACOS
                                         {"open", "-a", "System Information"},
+#endif
                                         {"kinfocenter"},
                                         {"hardinfo"},
                                         {"gnome-control-center", "info-overview"}};

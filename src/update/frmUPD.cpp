@@ -46,6 +46,7 @@ void frmUPD::Importera() {
                         msg::Exclamation, TextTillAndra("R0077"));
     } else {
         lblInfo.Visible = true;
+        Screen().Paint();
         try {
             platform::Kill(Main.Folder, kUpdateFile);
         } catch (const Error&) {
@@ -69,7 +70,8 @@ std::int32_t frmUPD::LäsFil() {
     try {
         if (!mSkrivare) {
             mSkrivare.emplace(
-                *gCn, [this](const Error& error, const char* ending) { Main.Felrapport(error, ending); });
+                [this]() -> platform::adodb::Connection& { return Koppling(); },
+                [this](const Error& error, const char* ending) { Main.Felrapport(error, ending); });
         }
         mSkrivare->Ändringar = 0;
         UpdateLines lines(Main.Folder / kUpdateFile);
@@ -89,13 +91,27 @@ std::int32_t frmUPD::LäsFil() {
     }
 }
 
+// The main window can be closed while a writer's message is up.
+platform::adodb::Connection& frmUPD::Koppling() const {
+    if (gCn == nullptr) {
+        throw Error(platform::errors::ConnectionClosed, "The database has been closed.", "update");
+    }
+    return *gCn;
+}
+
 void frmUPD::Knappar(bool Enabled) {
     cmdImport.Enabled = Enabled;
     cmdClose.Enabled = Enabled;
 }
 
 std::string frmUPD::Adress() const {
-    const std::string& host = Main.Published.UpdateHost;
+    std::string host = Main.Published.UpdateHost;
+    if (host.empty()) {
+        return {};
+    }
+    if (host.ends_with('/')) {
+        host.pop_back();
+    }
     return (host.find("://") == std::string::npos ? "http://" : "") + host + kUpdatePath;
 }
 

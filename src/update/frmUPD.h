@@ -46,6 +46,7 @@ class frmUPD final : public Window {
     void cmdImport_Click();
     void Importera();
     void Knappar(bool Enabled);
+    platform::adodb::Connection& Koppling() const;
     std::int32_t LäsFil();
     std::string Adress() const;
 

@@ -26,7 +26,7 @@ void AddDelivered(Recordset& rs) {
 void UpdateWriters::SättKemikalie(const UpdateFields& Fält) {
     try {
         Recordset rs;
-        rs.Open("SELECT * FROM Chemical Where ID = " + Fält[field::kID], *gCn_, ado::adOpenDynamic,
+        rs.Open("SELECT * FROM Chemical Where ID = " + Fält[field::kID], gCn(), ado::adOpenDynamic,
                 ado::adLockOptimistic);
         if (rs.Eof()) {
             rs.AddNew();
@@ -65,7 +65,7 @@ std::int32_t UpdateWriters::GetKonc(const UpdateFields& Fält) {
         const std::string statement =
             "SELECT * FROM Conc Where ConcentrationSE = '" + Fält[field::kConcentrationSE] + "'";
         Recordset rs;
-        rs.Open(statement, *gCn_, ado::adOpenDynamic, ado::adLockOptimistic);
+        rs.Open(statement, gCn(), ado::adOpenDynamic, ado::adLockOptimistic);
         if (rs.Eof()) {
             AddDelivered(rs);
         }
@@ -92,7 +92,7 @@ std::int32_t UpdateWriters::GetTemp(const UpdateFields& Fält) {
     try {
         const std::string statement = "SELECT * FROM Temp Where Temp = '" + Fält[field::kTemp] + "'";
         Recordset rs;
-        rs.Open(statement, *gCn_, ado::adOpenDynamic, ado::adLockOptimistic);
+        rs.Open(statement, gCn(), ado::adOpenDynamic, ado::adLockOptimistic);
         if (rs.Eof()) {
             AddDelivered(rs);
         }
@@ -108,7 +108,7 @@ std::int32_t UpdateWriters::GetTemp(const UpdateFields& Fält) {
 
 std::int32_t UpdateWriters::IdOf(const std::string& statement) const {
     Recordset rs;
-    rs.Open(statement, *gCn_);
+    rs.Open(statement, gCn());
     const std::int32_t ID = rs.Eof() ? 0 : rs["ID"].Long();
     rs.Close();
     return ID;
@@ -121,7 +121,7 @@ void UpdateWriters::SättVärde(const ValueTable& table, const std::string& Vär
         rs.Open(std::string("SELECT * FROM ") + table.Table + " WHERE ConcID = " + std::to_string(ConcID) +
                     " AND TempID = " + std::to_string(TempID) + " AND ChemID = " + std::to_string(ChemID) +
                     " AND " + table.IdColumn + " = " + std::to_string(MaterialID),
-                *gCn_, ado::adOpenDynamic, ado::adLockOptimistic);
+                gCn(), ado::adOpenDynamic, ado::adLockOptimistic);
         if (rs.Eof()) {
             rs.AddNew();
             rs["Egen"] = false;

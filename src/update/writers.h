@@ -23,8 +23,14 @@ class UpdateWriters {
     /// Gets a failure and the end of its report, which names the procedure.
     using Report = std::function<void(const platform::Error& error, const char* ending)>;
 
-    UpdateWriters(platform::adodb::Connection& gCn, Report report)
-        : gCn_(&gCn), Felrapport(std::move(report)) {}
+    /// Asked for the connection before each statement; a failure of it is reported like any other.
+    using Connection = std::function<platform::adodb::Connection&()>;
+
+    UpdateWriters(platform::adodb::Connection& connection, Report report)
+        : UpdateWriters([&connection]() -> platform::adodb::Connection& { return connection; },
+                        std::move(report)) {}
+    UpdateWriters(Connection connection, Report report)
+        : gCn(std::move(connection)), Felrapport(std::move(report)) {}
 
     /// The chemical and the concentration that the next value line belongs to.
     std::int32_t ChemID = 0;
@@ -44,7 +50,7 @@ class UpdateWriters {
     void SättVärde(const ValueTable& table, const std::string& Värde, std::int32_t MaterialID,
                    std::int32_t TempID);
 
-    platform::adodb::Connection* gCn_;
+    Connection gCn;
     Report Felrapport;
 };
 

@@ -369,6 +369,8 @@ TEST(RealWindows, ThePicturesOfTheAboutBoxArePressed) {
     about.imgMaker.Click = [&pressed] { ++pressed; };
     WhileUp("frmAbout", [&](QWidget* window) {
         QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(window->focusWidget()->accessibleName(),
+                  "About the data: where it comes from and its licences");
         QTest::keyClick(window->focusWidget(), Qt::Key_Space);
         QTest::keyClick(window->focusWidget(), Qt::Key_Return);
         QTest::mouseClick(Child<QWidget>(window, "imgMaker"), Qt::LeftButton);

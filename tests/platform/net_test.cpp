@@ -29,7 +29,11 @@ TEST(Inet, GivesTheBytesOrSaysWhyNot) {
             {"/none", "HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\n1;a;"},
             {"/broken", "HTTP/1.1 500 Broken\r\n\r\n"},
             {"/part", sized + "20\r\n\r\n" + bytes},
-            {"/nothing", "\r\n"},
+            {"/cut", sized},
+            {"/range", "HTTP/1.1 206 Partial\r\nContent-Length: 1\r\n\r\na"},
+            {"/packed", "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 1\r\n\r\na"},
+            {"/no-content", "HTTP/1.1 204 No Content\r\n\r\n"},
+            {"/long-gone", "HTTP/1.1 404 Not Found\r\nContent-Length: 5000\r\n\r\n"},
             {"/sign-in", HttpServer::Ok("<html>", "Text/HTML; charset=utf-8")},
             {"/huge", sized + "1001\r\n\r\n"},
             {"/endless", "HTTP/1.1 200 OK\r\n\r\n" + std::string(5000, 'x')},
@@ -47,14 +51,18 @@ TEST(Inet, GivesTheBytesOrSaysWhyNot) {
     EXPECT_EQ(inet.OpenURL(at + "/file"), bytes);
     EXPECT_EQ(inet.OpenURL(at + "/bare"), bytes);
     EXPECT_EQ(inet.OpenURL(at + "/there"), bytes);
-    EXPECT_EQ(inet.OpenURL(at + "/empty"), "");
+    EXPECT_EQ(inet.OpenURL(at + "/empty") + inet.OpenURL(at + "/no-content"), "");
     for (const auto& [address, number] :
          std::map<std::string, long>{{at + "/round", errors::Redirected},
                                      {at + "/away", errors::Redirected},
                                      {at + "/disk", errors::Redirected},
                                      {at + "/none", errors::NoSuccess},
                                      {at + "/broken", errors::NoSuccess},
+                                     {at + "/long-gone", errors::NoSuccess},
+                                     {at + "/range", errors::NoSuccess},
+                                     {at + "/packed", errors::BadReply},
                                      {at + "/part", errors::ConnectionLost},
+                                     {at + "/cut", errors::ConnectionLost},
                                      {at + "/sign-in", errors::WrongType},
                                      {at + "/huge", errors::TooLarge},
                                      {at + "/endless", errors::TooLarge},
@@ -62,7 +70,7 @@ TEST(Inet, GivesTheBytesOrSaysWhyNot) {
                                      {"https://" + server.Host() + "/file", errors::NotSecure},
                                      {"http://127.0.0.1:1/file", errors::NoConnection},
                                      {"http://no.such.host.invalid/file", errors::UnknownHost},
-                                     {"http:///file", errors::UnknownHost},
+                                     {"", errors::UnknownHost},
                                      {"file:///etc/passwd", errors::UnknownHost}}) {
         EXPECT_EQ(test::ErrorOf([&, where = address] { inet.OpenURL(where); }), number) << address;
     }

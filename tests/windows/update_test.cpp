@@ -47,7 +47,7 @@ class Update : public testing::Test {
             EXPECT_EQ(w.lblPost.Caption, "");
             Run.Desktop.OnPaint = [&] {
                 EXPECT_FALSE(w.cmdImport.Enabled || w.cmdClose.Enabled);
-                if (w.lblInfo.Visible) {
+                if (w.lblInfo.Visible && !w.lblPost.Caption->empty()) {
                     Shown.push_back(w.lblPost.Caption);
                 }
             };
@@ -60,7 +60,7 @@ class Update : public testing::Test {
                 w.cmdClose.InputClick();
             }
         });
-        Run.Core.Published.UpdateHost = Server.Host();
+        Run.Core.Published.UpdateHost = Host;
         Run.Main().mnuUpd.InputClick();
         Changes = test::Less(before, Run.All(), "-");
         const Strings come = test::Less(Run.All(), before, "+");
@@ -88,6 +88,7 @@ class Update : public testing::Test {
     HttpServer Server{[this](const std::string& request) {
         return request == "GET /Vemora/Varden.skv HTTP/1.1" ? Reply : "HTTP/1.1 404 No\r\n\r\n";
     }};
+    std::string Host = Server.Host();
     Strings Changes, Boxes, Shown;
     bool StaysOpen = false, InfoStays = false;
 };
@@ -137,7 +138,7 @@ TEST_F(Update, OverwritesWhatItMatchesAndCountsWhatDiffers) {
     // The user's own verdict of PE at 10 %, 5º, and two delivered ones at 20ºC; the English text of a
     // concentration is replaced, an empty one is not.
     Import(kHeading + kHCl + Line({{2, "10 %"}, {3, "ten"}, {13, "5º"}, {17, "+"}}) +
-           Line({{13, "20ºC"}, {14, " "}, {21, " - "}}) + Line({{13, "100ºC"}, {25, "0"}}));
+           Line({{13, "20ºC"}, {14, " "}, {21, " - "}}) + Line({{13, "100ºc"}, {25, "0"}}, 40));
     EXPECT_EQ(Boxes, Strings{Told(3)});  // blanks around a verdict make no difference, an empty cell does
     const auto has = [&](const char* row) {
         return std::find(Changes.begin(), Changes.end(), row) != Changes.end();
@@ -146,6 +147,7 @@ TEST_F(Update, OverwritesWhatItMatchesAndCountsWhatDiffers) {
     EXPECT_TRUE(has("+relMetal|1|1|1|1| - |0"));
     EXPECT_TRUE(has("+Conc|1|10 %|ten|10 %|0|-1"));
     EXPECT_TRUE(has("+relMetal|1|1|4|1| |0"));
+    EXPECT_TRUE(has("+Temp|4|100ºc|0|-1"));  // equal but for case: found, and written as the file has it
     // Once more: nothing is new.
     Press();
     EXPECT_EQ(Boxes, Strings{Told(0)});
@@ -181,10 +183,11 @@ TEST_F(Update, GoesOnAfterAFaultyLine) {
 }
 
 TEST_F(Update, TellsNumbersFromOtherFields) {
-    Import(kHeading + "1e3;;10 %\r\n12,5;;10 %\r\n-5;F;namn;;;;;;;;\r\n\t+6 ;F;namn;;;;;;;;\r\n");
+    Import(kHeading +
+           "1e3;;10 %\r\n12,5;;10 %\r\n+-5;;10 %\r\n-5;F;namn;;;;;;;;\r\n\t+6 ;F;namn;;;;;;;;\r\n");
     EXPECT_EQ(Boxes, Strings{Told(2)});
     EXPECT_EQ(Count("+Chemical|-5|") + Count("+Chemical|6|"), 2);
-    EXPECT_EQ(Count("+relPlast|0|1|"), 6);  // the first two lines are values of nothing
+    EXPECT_EQ(Count("+relPlast|0|1|"), 6);  // the first three lines are values of nothing
     for (const std::string number : {"12.5", "3000000000"}) {
         Import(kHeading + number + ";F;namn;;;;;;;;\r\n" + kHCl);
         EXPECT_EQ(Boxes.size(), 2U);
@@ -214,7 +217,8 @@ TEST_F(Update, WithNothingToReadLeavesAllAsItWas) {
         {"HTTP/1.1 404 Not Found\r\n\r\n" + kHCl + kHCl, platform::errors::NoSuccess},
         {"HTTP/1.1 200 OK\r\nContent-Length: 9000\r\n\r\n" + kHCl + kHCl, platform::errors::ConnectionLost},
         {"", platform::errors::TimedOut},
-        {HttpServer::Ok("<html>", "text/html"), platform::errors::WrongType}};
+        {HttpServer::Ok("<html>", "text/html"), platform::errors::WrongType},
+        {"HTTP/1.1 200 OK\r\n\r\n" + std::string(std::size_t{65} << 20U, 'x'), platform::errors::TooLarge}};
     for (const auto& [reply, number] : replies) {
         Reply = reply;
         Press();
@@ -223,6 +227,14 @@ TEST_F(Update, WithNothingToReadLeavesAllAsItWas) {
         EXPECT_EQ(Changes, Strings{});
         EXPECT_EQ(Run.Desktop.Logged("pointer").back(), "pointer 11");
     }
+    // No server is named, or one that should prove who it is.
+    for (const auto& [host, number] : {std::pair{std::string(), platform::errors::UnknownHost},
+                                       {"https://" + Host + "/", platform::errors::NotSecure}}) {
+        Host = host;
+        Press();
+        EXPECT_EQ(Boxes, Strings{Failure(number, "cmdImport_Click")});
+    }
+    Host = Server.Host();
     // Nor is there anything to be read where the file can't be laid down.
     std::filesystem::create_directory(Run.Folder.Path() / "Upd.skv.tmp");
     Import(kHeading + kHCl);
@@ -272,6 +284,7 @@ TEST(About, OpensItsPagesAndTheSystemsTool) {
     open([&](platform::Form& form) {
         EXPECT_EQ(form.ControlNamed("lblVersion")->CaptionText(), "Version " + run.Core.Published.Version);
         image(form, "imgMaker");
+        image(form, "imgDistributor");
         run.Core.Published.DistributorPage = "https://example.org/";
         image(form, "imgDistributor");
         run.Desktop.HasSystemInformation = false;
@@ -280,6 +293,7 @@ TEST(About, OpensItsPagesAndTheSystemsTool) {
     EXPECT_EQ(run.Boxes(), Strings{"[64 Vemora] " + run.T("R0341")});
     EXPECT_EQ(run.Desktop.Logged("web "),
               (Strings{"web " + platform::Utf8FromPath(run.Folder.Path() / "pages" / "data-de.html"),
+                       "web " + platform::Utf8FromPath(run.Folder.Path() / "pages" / "manual-de.html"),
                        "web https://example.org/"}));
 }
 

@@ -18,7 +18,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kWaitMilliseconds = 50;
+constexpr std::chrono::duration<int, std::milli> kWait{50};
+
+// The replies that are a success: the whole file, or that it is empty.
+constexpr long kWhole = 200;
+constexpr long kEmpty = 204;
 
 // The library's handles are all void, so that each has a deleter by name.
 template <auto Close>
@@ -74,6 +78,7 @@ struct Request {
     std::string Received = {};
     Clock::time_point LastByte = Clock::now();
     bool TooMuch = false;
+    bool HeadersEnded = false;
 
     static std::size_t Body(char* data, std::size_t, std::size_t bytes, void* self) noexcept {
         auto& request = *static_cast<Request*>(self);
@@ -90,8 +95,11 @@ struct Request {
         }
         return bytes;
     }
-    static std::size_t Header(char*, std::size_t, std::size_t bytes, void* self) noexcept {
-        static_cast<Request*>(self)->LastByte = Clock::now();
+    static std::size_t Header(char* data, std::size_t, std::size_t bytes, void* self) noexcept {
+        auto& request = *static_cast<Request*>(self);
+        request.LastByte = Clock::now();
+        request.HeadersEnded =
+            std::string_view(data, bytes).find_first_not_of("\r\n") == std::string_view::npos;
         return bytes;
     }
 };
@@ -99,15 +107,17 @@ struct Request {
 [[noreturn]] void FailBy(CURLcode code, const Request& request) {
     switch (code) {
         case CURLE_WRITE_ERROR:
-        case CURLE_FILESIZE_EXCEEDED:
-            if (code == CURLE_FILESIZE_EXCEEDED || request.TooMuch) {
-                Fail(errors::TooLarge, request.Url, "the file is too large");
+            if (!request.TooMuch) {
+                break;
             }
-            break;
+            [[fallthrough]];
+        case CURLE_FILESIZE_EXCEEDED:
+            Fail(errors::TooLarge, request.Url, "the file is too large");
         case CURLE_OPERATION_TIMEDOUT:
             Fail(errors::TimedOut, request.Url, "the server can't be reached in time");
-        case CURLE_COULDNT_RESOLVE_HOST:
         case CURLE_COULDNT_RESOLVE_PROXY:
+            Fail(errors::UnknownHost, request.Url, "there is no such proxy");
+        case CURLE_COULDNT_RESOLVE_HOST:
         case CURLE_URL_MALFORMAT:
             Fail(errors::UnknownHost, request.Url, "there is no such server");
         case CURLE_COULDNT_CONNECT:
@@ -116,6 +126,8 @@ struct Request {
         case CURLE_RECV_ERROR:
         case CURLE_SEND_ERROR:
         case CURLE_GOT_NOTHING:
+        case CURLE_HTTP2:
+        case CURLE_HTTP2_STREAM:
             Fail(errors::ConnectionLost, request.Url, "the connection broke before the end");
         case CURLE_PEER_FAILED_VERIFICATION:
         case CURLE_SSL_CONNECT_ERROR:
@@ -129,6 +141,7 @@ struct Request {
 
 /// Runs a request to its end, with turns for whoever waits.
 CURLcode Run(CURL* easy, Request& request, const Inet& inet) {
+    auto turn = Clock::now();
     const Multi multi(curl_multi_init());
     if (multi == nullptr || curl_multi_add_handle(multi.get(), easy) != CURLM_OK) {
         return CURLE_OUT_OF_MEMORY;
@@ -151,8 +164,11 @@ CURLcode Run(CURL* easy, Request& request, const Inet& inet) {
         if (Clock::now() - request.LastByte > inet.Limits.Silence) {
             Fail(errors::TimedOut, request.Url, "the server has fallen silent");
         }
-        curl_multi_poll(multi.get(), nullptr, 0, kWaitMilliseconds, nullptr);
-        inet.Waiting();
+        curl_multi_poll(multi.get(), nullptr, 0, kWait.count(), nullptr);
+        if (Clock::now() - turn >= kWait) {
+            inet.Waiting();
+            turn = Clock::now();
+        }
     }
 }
 
@@ -178,6 +194,7 @@ std::string Inet::OpenURL(const std::string& address) {
         set(CURLOPT_URL, url.c_str());
         set(CURLOPT_PROTOCOLS_STR, "http,https");
         set(CURLOPT_NOSIGNAL, 1L);
+        set(CURLOPT_QUICK_EXIT, 1L);  // nobody waits for a name that is still looked up
         set(CURLOPT_USERAGENT, "Vemora");
         set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(Limits.Connect.count()));
         set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(Limits.Bytes));
@@ -187,23 +204,35 @@ std::string Inet::OpenURL(const std::string& address) {
         set(CURLOPT_HEADERDATA, static_cast<void*>(&request));
 
         const CURLcode code = Run(easy.get(), request, *this);
-        if (code != CURLE_OK) {
+        long status = 0;
+        curl_easy_getinfo(easy.get(), CURLINFO_HTTP_CONNECTCODE, &status);
+        if (code != CURLE_OK && status > 299) {
+            Fail(errors::NoSuccess, url, "the proxy replies with number " + std::to_string(status));
+        }
+        curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &status);
+        if (code != CURLE_OK && (code != CURLE_FILESIZE_EXCEEDED || status == kWhole)) {
             FailBy(code, request);
         }
-        long status = 0;
-        curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &status);
+        if (!request.HeadersEnded && code == CURLE_OK) {
+            FailBy(CURLE_PARTIAL_FILE, request);
+        }
         const char* target = nullptr;
         curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &target);
         if (target != nullptr) {
             const std::string next = target;
             if (redirects == Limits.Redirects || !MayLeadTo(url, next)) {
-                Fail(errors::Redirected, url, "the server leads on to \"" + next + "\"");
+                Fail(errors::Redirected, url, "the server leads on to \"" + Left(next, 200) + "\"");
             }
             url = next;
             continue;
         }
-        if (status < 200 || status > 299) {
+        if (status != kWhole && status != kEmpty) {
             Fail(errors::NoSuccess, url, "the server replies with number " + std::to_string(status));
+        }
+        curl_header* packed = nullptr;
+        if (curl_easy_header(easy.get(), "Content-Encoding", 0, CURLH_HEADER, -1, &packed) == CURLHE_OK &&
+            !EqualIgnoringCase(packed->value, "identity")) {
+            Fail(errors::BadReply, url, "the reply is packed, which nobody has asked for");
         }
         const char* type = nullptr;
         curl_easy_getinfo(easy.get(), CURLINFO_CONTENT_TYPE, &type);

@@ -26,7 +26,7 @@ class Inet {
     } Limits;
 
     /// The bytes that the server replies to a GET; returns when they are there. An https server must prove
-    /// who it is.
+    /// who it is. A reply without a byte is an empty one whatever type it says.
     /// Errors: 12002 a limit of time, 12007 no host of this name, 12029 nobody answers there, 12030 the
     /// connection broke before the end, 12150 the reply is no success, 12151 it is a web page, as a network's
     /// sign-in page is, 12152 it is no HTTP, 12153 it is too large, 12156 it leads elsewhere, 12157 the

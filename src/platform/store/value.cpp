@@ -40,7 +40,7 @@ std::string_view Trimmed(std::string_view text) {
 /// A number written in decimal, a fraction allowed; nothing for any other text.
 std::optional<double> ParseNumber(std::string_view text) {
     text = Trimmed(text);
-    if (!text.empty() && text.front() == '+') {
+    if (text.starts_with('+') && !text.starts_with("+-")) {
         text.remove_prefix(1);
     }
     const auto digits = text.find_first_of("0123456789");
