@@ -20,10 +20,12 @@ mMain::mMain(platform::Desktop& desktop, std::filesystem::path folder)
             gCn->Close();
         }
     };
+    Screen.Help = [this] { OpenManual(); };
 }
 
 mMain::~mMain() {
     Screen.AtEnd = nullptr;
+    Screen.Help = nullptr;
 }
 
 void mMain::Main() {
@@ -67,6 +69,10 @@ bool mMain::ÖppnaDB() {
         Felrapport(error, ") in procedure ÖppnaDB in Module mMain");
         return false;
     }
+}
+
+void mMain::OpenManual() const {
+    Screen.OpenWebPage(PageInFolder("manual"));
 }
 
 void mMain::ÖppnaWebbsida(const std::string& Adress) {

@@ -92,6 +92,7 @@ class mMain {
 
     /// Opens a web page in the default browser; the program's own page for an empty address.
     void ÖppnaWebbsida(const std::string& Adress);
+    void OpenManual() const;
     /// A page that lies in the program's folder: "data" or "manual", in the language of the program.
     std::string PageInFolder(const std::string& name) const;
 

@@ -284,6 +284,7 @@ TEST(About, OpensItsPagesAndTheSystemsTool) {
     open([&](platform::Form& form) {
         EXPECT_EQ(form.ControlNamed("lblVersion")->CaptionText(), "Version " + run.Core.Published.Version);
         image(form, "imgMaker");
+        form.InputKey(platform::key::F1);
         image(form, "imgDistributor");
         run.Core.Published.DistributorPage = "https://example.org/";
         image(form, "imgDistributor");
@@ -293,6 +294,7 @@ TEST(About, OpensItsPagesAndTheSystemsTool) {
     EXPECT_EQ(run.Boxes(), Strings{"[64 Vemora] " + run.T("R0341")});
     EXPECT_EQ(run.Desktop.Logged("web "),
               (Strings{"web " + platform::Utf8FromPath(run.Folder.Path() / "pages" / "data-de.html"),
+                       "web " + platform::Utf8FromPath(run.Folder.Path() / "pages" / "manual-de.html"),
                        "web " + platform::Utf8FromPath(run.Folder.Path() / "pages" / "manual-de.html"),
                        "web https://example.org/"}));
 }

@@ -77,6 +77,8 @@ class Desktop {
     /// Ends the program: AtEnd, then all event loops.
     void End();
     bool Ended() const { return ended_; }
+    /// What F1 does in any window.
+    std::function<void()> Help;
     /// What has to be put in order at an end that no window has asked for: the database.
     std::function<void()> AtEnd;
 

@@ -162,7 +162,8 @@ void Form::InputClose() {
 bool Form::InputKey(int keyCode, int shift, int character) {
     bool used = false;
     desktop_.Event([&] {
-        if (MenuShortcut(keyCode, shift) || PageKey(keyCode, shift) || (shift == 0 && DialogKey(keyCode))) {
+        if (MenuShortcut(keyCode, shift) || HelpKey(keyCode, shift) || PageKey(keyCode, shift) ||
+            (shift == 0 && DialogKey(keyCode))) {
             used = true;
             return;
         }
@@ -206,6 +207,14 @@ bool Form::MenuShortcut(int keyCode, int shift) {
 }
 
 // Ctrl and PgUp or PgDn lead from page to page, wherever in the window the focus is.
+bool Form::HelpKey(int keyCode, int shift) {
+    if (keyCode != key::F1 || shift != 0 || !desktop_.Help) {
+        return false;
+    }
+    desktop_.Help();
+    return true;
+}
+
 bool Form::PageKey(int keyCode, int shift) {
     if (shift != platform::shift::Ctrl || (keyCode != key::PageUp && keyCode != key::PageDown)) {
         return false;

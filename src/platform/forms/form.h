@@ -34,6 +34,7 @@ inline constexpr int Alt = 18;
 inline constexpr int Escape = 27;
 inline constexpr int PageUp = 33;
 inline constexpr int PageDown = 34;
+inline constexpr int F1 = 112;
 }  // namespace key
 
 /// The bits of a key event's shift state.
@@ -135,6 +136,7 @@ class Form : public PropertyOwner {
     friend class Static;
     void SetActive(Control& control);
     bool DialogKey(int keyCode);
+    bool HelpKey(int keyCode, int shift);
     bool PageKey(int keyCode, int shift);
     void FollowPage(SSTab& tabs);
     bool MenuShortcut(int keyCode, int shift);
