@@ -4,7 +4,8 @@
 # Lays out the program's folder as it is delivered: FOLDER gets the program, the language files, the pages and
 # the database. A database or an active language file that is there already is the user's and stays.
 file(MAKE_DIRECTORY "${FOLDER}/bin")
-file(COPY_FILE "${PROGRAM}" "${FOLDER}/vemora" ONLY_IF_DIFFERENT)
+get_filename_component(program "${PROGRAM}" NAME)
+file(COPY_FILE "${PROGRAM}" "${FOLDER}/${program}" ONLY_IF_DIFFERENT)
 file(GLOB language_files "${LANGUAGES}/Lang*.ini")
 foreach(file IN LISTS language_files)
   get_filename_component(name "${file}" NAME)

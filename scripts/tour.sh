@@ -4,9 +4,10 @@
 #
 # Drives the real program on a virtual display with real key and mouse events, as a new user would, and leaves
 # pictures: scripts/tour.sh PROGRAM_FOLDER PICTURES. Fails when the program doesn't do what the tour expects.
-# The folder is copied, so that the user's database and language stay as they are.
+# The folder is copied, so that the user's database and language stay as they are. Instead of the folder it may be
+# the launcher of an installed program, which lays out a folder of its own.
 set -euo pipefail
-source_folder=$(cd "$1" && pwd)
+source_folder=$(realpath "$1")
 mkdir -p "$2"
 pictures=$(cd "$2" && pwd)
 
@@ -68,11 +69,17 @@ wait_for "the window manager" xdotool get_desktop
 tour() {
     local language=$1 entry=$2 word=$3 search=$4
     local folder="$work/$language Vemöra"
-    cp -r "$source_folder" "$folder"
-    rm -f "$folder/bin/lang.ini" "$folder/Vemora.mdb"
-    cp "$shipped" "$folder/Vemora.mdb"
+    if [ -d "$source_folder" ]; then
+        cp -r "$source_folder" "$folder"
+        rm -f "$folder/bin/lang.ini"
+        start=$folder/vemora
+    else
+        export XDG_DATA_HOME="$work/$language data"
+        folder=$XDG_DATA_HOME/vemora
+        start=$source_folder
+    fi
 
-    "$folder/vemora" >"$work/$language.log" 2>&1 &
+    "$start" >"$work/$language.log" 2>&1 &
     program=$!
 
     # The first start asks for the language; the choice is a click in the list.
@@ -122,6 +129,8 @@ tour() {
     wait_for "the program's end" ended
     wait "$program" || fail "the program ended with status $?"
     program=
+    # What is the user's stays when the program is started again.
+    [ -d "$source_folder" ] || keeps_what_is_the_users "$folder"
     [ ! -e "$folder/Vemora.mdb-wal" ] || fail "the database was not closed in order"
     [ -s "$work/$language.log" ] && fail "the program complained: $(cat "$work/$language.log")"
     return 0
@@ -208,6 +217,20 @@ keep() {
     keys alt+o
     wait_for "the end of the settings" active_is "$main_title"
 }
+keeps_what_is_the_users() {
+    local before
+    before=$(cat "$1/Vemora.mdb" "$1/bin/lang.ini" | md5sum)
+    echo "old" >"$1/pages/manual-en.html"
+    "$start" >"$work/again.log" 2>&1 &
+    program=$!
+    wait_for "the main window again" window Vemora
+    [ "$before" = "$(cat "$1/Vemora.mdb" "$1/bin/lang.ini" | md5sum)" ] || fail "the user's files have changed"
+    grep -q "</html>" "$1/pages/manual-en.html" || fail "the pages have not been renewed"
+    kill "$program"
+    wait "$program" 2>/dev/null || true
+    program=
+    rm -f "$1/Vemora.mdb-wal"
+}
 settled() { sleep 0.3; }
 main=
 ended() { ! kill -0 "$program"; }
@@ -226,7 +249,6 @@ choose_language() {
     fail "the language $2 can't be chosen"
 }
 
-shipped=$source_folder/Vemora.mdb
 tour Svenska Svenska Vemora svavelsyra
 tour English English Vemora acetone
 echo "tour: passed"

@@ -12,7 +12,7 @@ int main(int argc, char* argv[]) {
     qt::Application application(argc, argv);
     QApplication::setApplicationName("Vemora");
     QApplication::setApplicationVersion(VEMORA_VERSION);
-    QApplication::setDesktopFileName("vemora");
+    QApplication::setDesktopFileName("org.vemora.Vemora");
     QApplication::setWindowIcon(qt::Picture("vemora"));
 
     vemora::Program* running = nullptr;

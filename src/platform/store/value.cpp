@@ -3,10 +3,13 @@
 
 #include "platform/store/value.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
 #include <optional>
+#include <sstream>
 
 #include "platform/error.h"
 
@@ -43,18 +46,18 @@ std::optional<double> ParseNumber(std::string_view text) {
     if (text.starts_with('+') && !text.starts_with("+-")) {
         text.remove_prefix(1);
     }
-    const auto digits = text.find_first_of("0123456789");
-    if (digits == std::string_view::npos ||
-        text.substr(0, digits).find_first_not_of("-.") != std::string_view::npos) {
+    const std::string_view digits = text.substr(text.starts_with('-') ? 1 : 0);
+    if (digits.find_first_of("0123456789") == std::string_view::npos ||
+        digits.find_first_not_of("0123456789.") != std::string_view::npos ||
+        std::count(digits.begin(), digits.end(), '.') > 1) {
         return std::nullopt;
     }
+    // Not from_chars, which some libraries don't have for real numbers.
+    std::istringstream stream{std::string(text)};
+    stream.imbue(std::locale::classic());
     double number = 0;
-    const auto result =
-        std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return number;
+    stream >> number;
+    return stream.fail() ? std::nullopt : std::optional(number);
 }
 
 std::int32_t Whole(double number, std::string_view shown) {
