@@ -4,9 +4,10 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
-#include <charconv>
 #include <functional>
+#include <locale>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "platform/text/collation.h"
@@ -310,9 +311,12 @@ bool HoldsIDs(const platform::Statement& row, int first, int count, const std::s
 std::optional<double> TemperatureOf(std::string_view label) {
     std::string number(label.substr(0, label.find_first_not_of("-0123456789,.")));
     std::replace(number.begin(), number.end(), ',', '.');
+    // Not from_chars, which some libraries don't have for real numbers.
+    std::istringstream stream(number);
+    stream.imbue(std::locale::classic());
     double value = 0;
-    const auto [end, problem] = std::from_chars(number.data(), number.data() + number.size(), value);
-    return problem == std::errc() ? std::optional(value) : std::nullopt;
+    stream >> value;
+    return stream.fail() ? std::nullopt : std::optional(value);
 }
 
 }  // namespace vemora_db
