@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -50,6 +51,19 @@ void AppendInTabOrder(const platform::Form& form, const platform::Control* conta
     }
 }
 
+// What a window shows of its canvas. It scrolls only on a screen that is too small for the window, and then by
+// the focus and the mouse: the keys are the controls'.
+class CanvasArea final : public QScrollArea {
+  public:
+    explicit CanvasArea(QWidget* parent) : QScrollArea(parent) {
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+};
+
 }  // namespace
 
 FormWindow::FormWindow(platform::Form& form, std::function<void()> activated)
@@ -57,11 +71,15 @@ FormWindow::FormWindow(platform::Form& form, std::function<void()> activated)
       form_(form),
       activated_(std::move(activated)),
       scale_(Scale::OfDesktop()),
-      canvas_(Child<QWidget>(this)) {
+      scroll_(Child<CanvasArea>(this)),
+      canvas_(Child<QWidget>(scroll_)) {
     setObjectName(QString::fromStdString(form.Name()));
     auto* layout = Child<QVBoxLayout>(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(canvas_);
+    layout->addWidget(scroll_);
+    scroll_->setWidget(canvas_);
+    canvas_->setAutoFillBackground(false);
+    scroll_->viewport()->setAutoFillBackground(false);
     if (form.HasMenu()) {
         bar_ = Child<QMenuBar>(this);
         bar_->setNativeMenuBar(false);

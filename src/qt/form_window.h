@@ -15,6 +15,7 @@
 
 class QKeyEvent;
 class QMenuBar;
+class QScrollArea;
 
 namespace qt {
 
@@ -87,6 +88,7 @@ class FormWindow final : public QWidget, public platform::FormView {
 
     // Size and scale: form_window_size.cpp.
     int BarHeight(int width) const;
+    QSize Room(const QWidget* owner) const;
     void SizeForDesign(const QWidget* owner);
     void Rescale();
     void ReportSize();
@@ -94,6 +96,7 @@ class FormWindow final : public QWidget, public platform::FormView {
     platform::Form& form_;
     std::function<void()> activated_;
     Scale scale_;
+    QScrollArea* scroll_;
     QWidget* canvas_;
     QMenuBar* bar_ = nullptr;
     std::vector<std::unique_ptr<Adapter>> adapters_;

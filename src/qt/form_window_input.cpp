@@ -4,6 +4,7 @@
 // What comes from the user: focus and keys.
 
 #include <QApplication>
+#include <QScrollArea>
 #include <QKeyEvent>
 
 #include "qt/form_window.h"
@@ -51,6 +52,9 @@ bool FormWindow::FocusIn(Adapter& adapter, Qt::FocusReason reason) {
         return false;
     }
     Input([&control] { control.InputFocus(); });
+    if (live_ && reason != Qt::MouseFocusReason && adapter.Widget() != nullptr) {
+        scroll_->ensureWidgetVisible(adapter.Widget());
+    }
     // The form may have led the focus on: this widget must not believe that it has it.
     return !live_ || (!flushing_ && FocusedAdapter() != &adapter);
 }

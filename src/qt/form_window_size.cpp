@@ -7,6 +7,8 @@
 #include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "qt/form_window.h"
@@ -17,23 +19,42 @@ int FormWindow::BarHeight(int width) const {
     return bar_ != nullptr ? bar_->heightForWidth(width) : 0;
 }
 
+/// How large the window's inside may be on its screen.
+QSize FormWindow::Room(const QWidget* owner) const {
+    const QScreen* const screen = owner != nullptr ? owner->screen() : this->screen();
+    return screen->availableGeometry().size() -
+           QSize(scale_.Px(form_.FrameWidth()), scale_.Px(form_.FrameHeight()));
+}
+
 void FormWindow::SizeForDesign(const QWidget* owner) {
     const platform::FormDesign& design = form_.DesignState();
     QSize client(scale_.Px(form_.ClientWidth()), scale_.Px(form_.ClientHeight()));
+    const QSize room = Room(owner);
+    const QSize whole(client.width(), client.height() + BarHeight(client.width()));
+    const QSize least(scale_.Px(design.ClientWidth), scale_.Px(design.ClientHeight));
+    scroll_->setWidgetResizable(design.Sizable);
     if (!design.Sizable) {
-        setFixedSize(client.width(), client.height() + BarHeight(client.width()));
+        canvas_->setFixedSize(client);
+        if (whole.boundedTo(room) == whole) {
+            setFixedSize(whole);
+        } else {
+            const int bar = scroll_->verticalScrollBar()->sizeHint().width();
+            setMinimumSize(0, 0);
+            setMaximumSize(whole + QSize(bar, bar));
+            resize(maximumSize().boundedTo(room));
+        }
         return;
     }
+    // On a screen that is too small for what it was drawn for, it isn't made smaller than that.
+    canvas_->setMinimumSize(least.boundedTo(room) == least ? QSize() : least);
     constexpr int kLeastWidth = 3600;
     constexpr int kLeastHeight = 2700;
     const int leastWidth = scale_.Px(std::min(design.ClientWidth, kLeastWidth));
     setMinimumSize(leastWidth,
                    scale_.Px(std::min(design.ClientHeight, kLeastHeight)) + BarHeight(leastWidth));
-    const QScreen* const screen = owner != nullptr ? owner->screen() : this->screen();
-    const QSize room = screen->availableGeometry().size() -
-                       QSize(scale_.Px(form_.FrameWidth()), scale_.Px(form_.FrameHeight()));
     client = client.boundedTo(room);
     resize(client.width(), client.height() + BarHeight(client.width()));
+    canvas_->resize(client);  // at once: the area around it would do so as it is shown
 }
 
 void FormWindow::Rescale() {

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTreeView>
 
 #include "qt/list_header.h"
@@ -80,7 +81,7 @@ void Container(const QWidget& container, Found& found) {
 
 std::vector<std::string> ClippedTexts(QWidget& window) {
     Found found;
-    // The controls lie on one bare widget below the menu bar.
+    // The controls lie on one bare widget below the menu bar, which scrolls on a small screen.
     for (const QWidget* child : window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         const auto* bar = qobject_cast<const QMenuBar*>(child);
         for (QAction* action : bar != nullptr ? bar->actions() : QList<QAction*>()) {
@@ -88,8 +89,8 @@ std::vector<std::string> ClippedTexts(QWidget& window) {
                 found.push_back((action->objectName() + ": " + action->text()).toStdString());
             }
         }
-        if (bar == nullptr && child->isVisible()) {
-            Container(*child, found);
+        if (const auto* area = qobject_cast<const QScrollArea*>(child)) {
+            Container(*area->widget(), found);
         }
     }
     return found;
