@@ -51,8 +51,8 @@ void AppendInTabOrder(const platform::Form& form, const platform::Control* conta
     }
 }
 
-// What a window shows of its canvas. It scrolls only on a screen that is too small for the window, and then by
-// the focus and the mouse: the keys are the controls'.
+// What a window shows of its canvas. It scrolls only on a screen that is too small for the window, and then
+// by the focus and the mouse: the keys are the controls'.
 class CanvasArea final : public QScrollArea {
   public:
     explicit CanvasArea(QWidget* parent) : QScrollArea(parent) {

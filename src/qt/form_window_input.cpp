@@ -4,8 +4,8 @@
 // What comes from the user: focus and keys.
 
 #include <QApplication>
-#include <QScrollArea>
 #include <QKeyEvent>
+#include <QScrollArea>
 
 #include "qt/form_window.h"
 #include "qt/keys.h"

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 
 #include "platform/error.h"
 #include "qt/support.h"
@@ -30,6 +31,26 @@ TEST_F(WindowTest, OpensAtItsDesignAndTellsTheFormOnce) {
     EXPECT_NEAR(Form.ClientWidth(), 13200, 20);
     EXPECT_EQ(Form.ClientHeight(), 4800);
     EXPECT_EQ(Window->windowTitle(), "Entry");
+}
+
+struct Large : platform::Form {
+    explicit Large(platform::Desktop& desktop)
+        : Form(desktop, "frmLarge", {.ClientWidth = 30000, .ClientHeight = 30000}) {}
+    TextBox txtFirst{*this, "txtFirst", At({120, 120, 2000, 345})};
+    CommandButton cmdLast{*this, "cmdLast", At({27000, 29000, 2000, 405}, {.Caption = "Last"})};
+};
+
+TEST_F(WindowTest, LargerThanItsScreenScrollsWithTheFocus) {
+    Large large(S.Desktop);
+    const QWidget* window = ShowActive(S.Desktop, large);
+    EXPECT_TRUE(window->screen()->availableSize().boundedTo(window->size()) == window->size());
+    auto* last = WidgetOf<QWidget>(large.cmdLast);
+    EXPECT_TRUE(last->visibleRegion().isEmpty());
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), last);
+    EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect());
+    EXPECT_EQ(large.ClientWidth(), 30000);
+    large.Unload();
 }
 
 TEST_F(WindowTest, KeysReachTheFormFirstAndLeadTheFocusAndPress) {
