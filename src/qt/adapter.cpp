@@ -104,7 +104,10 @@ void WidgetAdapter::Carry() {
     widget_->setPalette(palette);
 
     widget_->setToolTip(ToolTip(control.ToolTipText));
-    widget_->setAccessibleDescription(QString::fromStdString(control.ToolTipText));
+    // What its container says already isn't said again for each control on it.
+    const bool said =
+        control.Container() != nullptr && control.Container()->ToolTipText.Get() == control.ToolTipText.Get();
+    widget_->setAccessibleDescription(said ? QString() : QString::fromStdString(control.ToolTipText));
     widget_->setEnabled(control.Enabled);
     CarryOwn();
 }

@@ -3,6 +3,7 @@
 
 #include "qt/caption_adapters.h"
 
+#include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
 #include <QShortcutEvent>
@@ -62,7 +63,15 @@ void LabelAdapter::CarryOwn() {
     const Adapter* const buddy = next != nullptr ? AdapterOf(*next) : nullptr;
     // The window system draws and grabs the mnemonic of a label with a buddy only.
     widget_->setBuddy(buddy != nullptr ? buddy->Widget() : nullptr);
-    widget_->setText(buddy != nullptr ? caption : WithoutMnemonic(caption));
+    const QString text = buddy != nullptr ? caption : WithoutMnemonic(caption);
+    // What comes up while the window is there is an outcome, and worth hearing.
+    const bool outcome = widget_->isVisible() && text != widget_->text() && !text.trimmed().isEmpty();
+    widget_->setText(text);
+    if (outcome) {
+        widget_->setAccessibleName(text);
+        QAccessibleEvent event(widget_, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
+    }
     Window().NamesChanged();
 }
 

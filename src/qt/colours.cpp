@@ -45,4 +45,19 @@ QColor WarningColour(const QPalette& palette) {
     return red;
 }
 
+QColor ToneColour(platform::Tone tone, const QPalette& palette) {
+    const bool dark = palette.color(QPalette::Base).lightness() < 128;
+    switch (tone) {
+        case platform::Tone::Good:
+            return dark ? QColor("#56b4e9") : QColor("#00619c");
+        case platform::Tone::Doubtful:
+            return dark ? QColor("#f0c419") : QColor("#7a5c00");
+        case platform::Tone::Bad:
+            return dark ? QColor("#ff8a50") : QColor("#b53d00");
+        case platform::Tone::Plain:
+            break;
+    }
+    return palette.color(QPalette::Text);
+}
+
 }  // namespace qt

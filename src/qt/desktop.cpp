@@ -19,6 +19,7 @@
 #include <algorithm>
 
 #include "platform/forms/form.h"
+#include "qt/accessible_roles.h"
 #include "qt/application.h"
 #include "qt/form_window.h"
 #include "qt/style.h"
@@ -63,6 +64,7 @@ void QtDesktop::DeleteLater::operator()(FormWindow* window) const {
 }
 
 QtDesktop::QtDesktop(std::function<std::string()> language) : languageName_(std::move(language)) {
+    InstallAccessibleRoles();
     QGuiApplication::setQuitOnLastWindowClosed(false);  // Run knows when the last is gone
     if (dynamic_cast<Style*>(QApplication::style()) == nullptr) {
         QApplication::setStyle(std::make_unique<Style>().release());

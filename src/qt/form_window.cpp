@@ -211,6 +211,7 @@ void FormWindow::CarryVisible() {
 
 void FormWindow::CarryForm() {
     setWindowTitle(QString::fromStdString(form_.Caption));
+    setAccessibleName(QString::fromStdString(form_.SpokenName->empty() ? form_.Caption : form_.SpokenName));
     setWindowIcon(Picture(QString::fromStdString(form_.Icon)));
 }
 

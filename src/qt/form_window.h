@@ -85,6 +85,7 @@ class FormWindow final : public QWidget, public platform::FormView {
     void SettleFocus(bool idle);
     bool FocusIn(Adapter& adapter, Qt::FocusReason reason);
     bool KeyPressed(const QKeyEvent& event);
+    bool MenuKey(const QKeyEvent& event);
 
     // Size and scale: form_window_size.cpp.
     int BarHeight(int width) const;

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QScrollArea>
 
 #include "qt/form_window.h"
@@ -44,6 +45,17 @@ void FormWindow::SettleFocus(bool idle) {
         Input([&] { (first != nullptr ? *first : focused->Model()).InputFocus(); });
         FocusActive();
     }
+}
+
+// F10 opens the menu, as Alt alone does by the style.
+bool FormWindow::MenuKey(const QKeyEvent& event) {
+    if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::NoModifier || bar_ == nullptr ||
+        bar_->actions().isEmpty()) {
+        return false;
+    }
+    bar_->setFocus(Qt::MenuBarFocusReason);
+    bar_->setActiveAction(bar_->actions().front());
+    return true;
 }
 
 bool FormWindow::FocusIn(Adapter& adapter, Qt::FocusReason reason) {
@@ -120,7 +132,7 @@ bool FormWindow::KeyPressed(const QKeyEvent& event) {
     }
     bool used = false;
     Input([&] { used = form_.InputKey(code, ShiftState(event), Character(event)); });
-    return used || !live_;
+    return used || !live_ || MenuKey(event);
 }
 
 }  // namespace qt

@@ -16,7 +16,7 @@ struct Entry {
     std::string_view Source, Swedish, German;
 };
 
-constexpr std::array<Entry, 11> kEntries = {{
+constexpr std::array<Entry, 13> kEntries = {{
     {"OK", "OK", "OK"},
     {"Cancel", "Avbryt", "Abbrechen"},
     {"&Yes", "&Ja", "&Ja"},
@@ -28,6 +28,8 @@ constexpr std::array<Entry, 11> kEntries = {{
     {"&Paste", "K&listra in", "E&infügen"},
     {"Delete", "Ta bort", "Löschen"},
     {"Select All", "Markera allt", "Alles auswählen"},
+    {"ascending", "stigande", "aufsteigend"},
+    {"descending", "fallande", "absteigend"},
 }};
 
 std::string_view LocaleOf(std::string_view name) {

@@ -51,6 +51,11 @@ ListViewAdapter::ListViewAdapter(FormWindow& window, platform::ListView& list)
             list_.SetColumnWidth(section, Window().Measure().Twips(px));
         }
     });
+    QObject::connect(widget_, &ListWidget::SortBy, Context(), [this](int column) {
+        if (column < header_->count() && !header_->isSectionHidden(column) && header_->sectionsClickable()) {
+            Report([this, column] { list_.InputColumnClick(column); });
+        }
+    });
     QObject::connect(widget_, &ListWidget::Resized, Context(), [this] { FitLastColumn(); });
 }
 
@@ -78,6 +83,7 @@ void ListViewAdapter::CarryOwn() {
     rows_ = list_.RowsVersion();
     columns_ = list_.ColumnsVersion();
     linePx_ = line;
+    widget_->SearchIn(list_.Sorted ? list_.SortKey.Get() : 0);
     CarrySelection();
 }
 

@@ -3,6 +3,10 @@
 
 #include "qt/list_model.h"
 
+#include <QApplication>
+#include <QFont>
+
+#include "qt/colours.h"
 #include "qt/pictures.h"
 
 namespace qt {
@@ -95,6 +99,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return OneLine(index.column() == 0 ? item.Text
                                            : item.SubItems(static_cast<std::size_t>(index.column())));
     }
+    if (role == Qt::AccessibleTextRole || role == Qt::FontRole || role == Qt::ForegroundRole) {
+        return Look(index, role);
+    }
     if (role == Qt::CheckStateRole && list_->Checkboxes() && index.column() == 0) {
         return list_->Item(index.row()).Checked() ? Qt::Checked : Qt::Unchecked;
     }
@@ -102,6 +109,29 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return Alignment(list_->Column(index.column()).Alignment);
     }
     return {};
+}
+
+// Of a sign: the words that are read for it, its weight, and its colour, which is never all that tells it.
+QVariant ListModel::Look(const QModelIndex& index, int role) const {
+    if (!list_->Look) {
+        return {};
+    }
+    const platform::ListItem& item = list_->Item(index.row());
+    const platform::CellLook look = list_->Look(
+        index.column(),
+        index.column() == 0 ? item.Text : item.SubItems(static_cast<std::size_t>(index.column())));
+    if (role == Qt::AccessibleTextRole) {
+        return look.Spoken.empty() ? QVariant() : QVariant(OneLine(look.Spoken));
+    }
+    if (look.Tone == platform::Tone::Plain) {
+        return {};
+    }
+    if (role == Qt::FontRole) {
+        QFont bold = QApplication::font();
+        bold.setBold(true);
+        return bold;
+    }
+    return ToneColour(look.Tone, QApplication::palette());
 }
 
 bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -120,6 +150,11 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     switch (role) {
         case Qt::DisplayRole:
             return OneLine(column.Text);
+        case Qt::AccessibleTextRole:
+            return column.SortImage ? OneLine(column.Text) + ", " +
+                                          QCoreApplication::translate(
+                                              "", *column.SortImage == 0 ? "ascending" : "descending")
+                                    : OneLine(column.Text);
         case Qt::TextAlignmentRole:
             return Alignment(column.Alignment);
         case Qt::DecorationRole:

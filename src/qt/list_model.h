@@ -37,6 +37,8 @@ class ListModel final : public QAbstractItemModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
+    QVariant Look(const QModelIndex& index, int role) const;
+
     const platform::ListView* list_;
     int rows_ = 0;
     int columns_ = 0;

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
@@ -113,6 +114,10 @@ void ListWidget::SelectOnly(int row) {
 // With nothing selected the arrows begin at the current row, which nobody sees, instead of leaving it.
 void ListWidget::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
+    if (event->modifiers() == Qt::ControlModifier && key >= Qt::Key_1 && key <= Qt::Key_9) {
+        emit SortBy(key - Qt::Key_1);
+        return;
+    }
     const bool towards =
         key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_Home || key == Qt::Key_PageUp;
     if (towards && currentIndex().isValid() && !selectionModel()->hasSelection()) {
@@ -161,6 +166,33 @@ void ListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 void ListWidget::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
     emit Resized();
+}
+
+// A reader of the screen hears of the current row where the keyboard is, and nowhere else.
+void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    if (hasFocus()) {
+        QTreeView::currentChanged(current, previous);
+    } else {
+        QAbstractItemView::currentChanged(current, previous);
+        viewport()->update();
+    }
+}
+
+void ListWidget::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    if (currentIndex().isValid()) {
+        QTreeView::currentChanged(currentIndex(), {});
+    }
+}
+
+// The toolkit searches in the column of the current cell.
+void ListWidget::keyboardSearch(const QString& text) {
+    const QModelIndex current = currentIndex();
+    if (current.isValid() && searched_ < model()->columnCount()) {
+        const QSignalBlocker quiet(selectionModel());
+        selectionModel()->setCurrentIndex(current.siblingAtColumn(searched_), QItemSelectionModel::NoUpdate);
+    }
+    QTreeView::keyboardSearch(text);
 }
 
 }  // namespace qt

@@ -15,6 +15,8 @@ class ListWidget final : public QTreeView {
     explicit ListWidget(QWidget* parent);
     /// Of every row, in pixels.
     int RowHeight() const;
+    /// The column in which a typed letter looks for a row.
+    void SearchIn(int column) { searched_ = column; }
     /// Selects this row alone and brings it into sight; none for -1.
     void SelectOnly(int row);
 
@@ -27,6 +29,8 @@ class ListWidget final : public QTreeView {
     void DoubleClicked();
     /// The room for the columns has changed.
     void Resized();
+    /// Ctrl and a digit: the list is to be sorted by that column, from 0.
+    void SortBy(int column);
 
   protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
@@ -36,9 +40,13 @@ class ListWidget final : public QTreeView {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyboardSearch(const QString& text) override;
 
   private:
     bool pressing_ = false;
+    int searched_ = 0;
 };
 
 }  // namespace qt

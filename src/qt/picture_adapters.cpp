@@ -75,6 +75,10 @@ class PictureButton final : public QAbstractButton, public Drawing {
 
 }  // namespace
 
+bool IsPicture(const QWidget& widget) {
+    return dynamic_cast<const PictureWidget*>(&widget) != nullptr;
+}
+
 ImageAdapter::ImageAdapter(FormWindow& window, platform::Image& image)
     : ImageAdapter(window, image,
                    image.TakesFocus() ? static_cast<QWidget*>(Child<PictureButton>(ParentOf(window, image)))

@@ -10,6 +10,9 @@ namespace qt {
 
 class Drawing;
 
+/// Whether a widget shows a picture that nobody can press.
+bool IsPicture(const QWidget& widget);
+
 class ImageAdapter final : public WidgetAdapter {
   public:
     ImageAdapter(FormWindow& window, platform::Image& image);

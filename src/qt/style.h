@@ -20,6 +20,9 @@ class Style final : public QProxyStyle {
                   QStyleHintReturn* data) const override {
         // A list of many entries needs a scroll bar, and buttons that say what they do need no picture.
         const bool off = hint == SH_ComboBox_Popup || hint == SH_DialogButtonBox_ButtonsHaveIcons;
+        if (hint == SH_MenuBar_AltKeyNavigation) {
+            return 1;
+        }
         return off ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
     }
 

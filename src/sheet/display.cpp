@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include <tuple>
+
 #include "platform/error.h"
 #include "platform/text/text.h"
 #include "sheet/frmChemical.h"
@@ -79,6 +81,24 @@ void frmChemical::VisaKolumner() {
     lvwMaterial.AddColumn(TextTillAndra("R0017"), 1000, platform::Align::Centre);
     lvwMaterial.AddColumn(TextTillAndra("R0018"), 1200);
     lvwMaterial.AddColumn(TextTillAndra("R0019"), lvwMaterial.Width - 5200 - 360);
+}
+
+platform::CellLook frmChemical::Utseende(int column, const std::string& text) const {
+    constexpr int kVärde = 2;
+    const std::tuple<const std::string&, platform::Tone> verdicts[] = {
+        {Main.gVärdeText1, platform::Tone::Good},
+        {Main.gVärdeText2, platform::Tone::Bad},
+        {Main.gVärdeText3, platform::Tone::Doubtful}};
+    for (const auto& [label, tone] : verdicts) {
+        if (column == kVärde && text == platform::Left(label, 1)) {
+            return {.Tone = tone, .Spoken = platform::Trim(platform::Mid(label, 2))};
+        }
+    }
+    return {};
+}
+
+void frmChemical::NämnFönstret() {
+    SpokenName = txtFields(2).Text.Get() + " – " + Caption.Get();
 }
 
 void frmChemical::FyllRader(Recordset& rs) {

@@ -31,6 +31,7 @@ frmChemical::frmChemical(mMain& main)
     cmdStäng.Click = [this] { cmdStäng_Click(); };
     mnuClip.Click = [this] { mnuClip_Click(); };
     lvwMaterial.ColumnClick = [this](int ColumnHeader) { lvwMaterial_ColumnClick(ColumnHeader); };
+    lvwMaterial.Look = [this](int column, const std::string& text) { return Utseende(column, text); };
 }
 
 std::int32_t frmChemical::Nyckel() {
@@ -79,6 +80,7 @@ void frmChemical::Form_Load() {
         Visa();
     }
     Icon = Main.MainIcon;
+    NämnFönstret();
     MousePointer(pointer::Default);
 }
 
@@ -147,6 +149,7 @@ void frmChemical::opt1Språk_Click(int Index) {
     while (txtFields(0).Text != ID) {
         mChemRs->MoveNext();
     }
+    NämnFönstret();
 }
 
 void frmChemical::txtFields_Change(int Index) {

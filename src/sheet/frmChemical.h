@@ -241,6 +241,10 @@ class frmChemical final : public Window {
     void cmdStäng_Click();
     void mnuClip_Click();
     void lvwMaterial_ColumnClick(int ColumnHeader);
+    /// The signs of the verdicts in words and colours.
+    platform::CellLook Utseende(int column, const std::string& text) const;
+    /// The title is the program's; for who hears it, the chemical goes before.
+    void NämnFönstret();
 
     std::int32_t mNyckel = -1;
     bool mFilterAv = false;

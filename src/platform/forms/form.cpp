@@ -14,6 +14,7 @@ Form::Form(Desktop& desktop, std::string name, FormDesign design)
     : Caption(*this, design.Caption),
       Tag(*this, design.Tag),
       Icon(*this, design.Icon),
+      SpokenName(*this, {}),
       Font(*this, {}),
       ScaleMode(*this, 1),
       desktop_(desktop),

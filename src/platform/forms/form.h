@@ -78,6 +78,8 @@ class Form : public PropertyOwner {
     const FormDesign& DesignState() const { return design_; }
 
     Property<std::string> Caption, Tag, Icon;
+    /// What a reader of the screen calls the window, where its caption doesn't say enough.
+    Property<std::string> SpokenName;
     Property<platform::Font> Font;
     Property<int> ScaleMode;  // 1 twips
     /// Outer size in twips: the client area, 120 more in width, 390 in height, and 285 with a menu bar.

@@ -51,6 +51,13 @@ struct ColumnHeader {
     bool operator==(const ColumnHeader&) const = default;
 };
 
+/// What a text of a list is more than its letters: a sign with a weight of its own, and the words for it.
+enum class Tone { Plain, Good, Doubtful, Bad };
+struct CellLook {
+    platform::Tone Tone = Tone::Plain;
+    std::string Spoken = {};
+};
+
 /// A list in report view. Rows are read and selected by their place in the shown order, from 0.
 ///
 /// Sorting is by the text of a column, by the system's collation, and stable: rows alike in that column keep
@@ -112,6 +119,9 @@ class ListView final : public Control {
     /// A tick from code; raises nothing.
     void SetChecked(ListItem& item, bool checked);
     void SetChecked(int place, bool checked) { SetChecked(At(place), checked); }
+
+    /// How the text of a column is to be shown and read aloud; plain and as it stands where there is none.
+    std::function<CellLook(int column, const std::string& text)> Look;
 
     std::function<void(const ListItem&)> ItemClick;
     /// The user has ticked a row, or taken the tick away.
