@@ -50,6 +50,13 @@ inline std::string ReadAll(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
+/// Whether a database opens and its file is sound.
+inline bool IsSound(const std::filesystem::path& file) {
+    platform::Store store(file, kPassword, platform::Store::Access::Exclusive);
+    auto check = store.Prepare("PRAGMA integrity_check");
+    return check.Step() && check.Text(0) == "ok";
+}
+
 /// An encrypted database file "Vemora.mdb" with all tables, empty, in a folder of its own.
 class TestDatabase {
   public:
