@@ -36,9 +36,8 @@ class FormulaBox : public testing::Test {
 
 TEST_F(FormulaBox, SetsWhatIsTypedAndPasted) {
     std::istringstream formulas(
-        "2Ca(NO_{3})_{2}|CuSO_{4}.5H_{2}O|CuSO_{4}.10|CuSO_{4}.10H_{2}|C_{10-13}|Fe_{0.95}O|1,2-|2-| 2-|HCl "
-        "-|"
-        "Na^{+}|Na+Cl|2Fe^{3+}|Ca^{++}|O^{2-}|NH_{4}^{+}|SO_{4}^{2-}|SO_{4} ^{2−}|SO_{4} ^{2-} |"
+        "2Ca(NO_{3})_{2}|CuSO_{4}.5H_{2}O|CuSO_{4}.10|CuSO_{4}.10H_{2}|C_{10-13}|Fe_{0.95}O|1,2-|2-| 2-|"
+        "HCl -|Na^{+}|Na+Cl|2Fe^{3+}|Ca^{++}|O^{2-}|NH_{4}^{+}|SO_{4}^{2-}|SO_{4} ^{2−}|SO_{4} ^{2-} |"
         "[Fe(CN)_{6}]^{3–}|Al(OH)_{4}^{-}|C_{10}^{-}");
     for (std::string shown; std::getline(formulas, shown, '|');) {
         const std::string plain = std::regex_replace(shown, std::regex("[_^]\\{|\\}"), "");

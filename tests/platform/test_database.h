@@ -5,12 +5,15 @@
 
 #ifndef _WIN32
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #endif
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <random>
 #include <string>
@@ -132,6 +135,20 @@ class FullDisk {
     rlimit before_{};
 };
 #endif
+
+/// Runs something with no more power than the rights of the files allow.
+inline void WithoutPrivileges(const std::function<void()>& action) {
+#ifndef _WIN32
+    constexpr uid_t nobody = 65534;
+    const bool dropped = geteuid() == 0 && seteuid(nobody) == 0;
+    action();
+    if (dropped && seteuid(0) != 0) {
+        std::abort();
+    }
+#else
+    action();
+#endif
+}
 
 /// The number of the Error that an action throws; 0 when it throws none.
 template <class Action>

@@ -4,10 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <csignal>
-#include <iostream>
 
-#include "vemora-db/progress.h"
 #include "vemora-db/publisher.h"
 
 namespace test {
@@ -123,9 +120,6 @@ TEST(Create, ReplacesOnlyWhenToldAndOnlyWhenItWorks) {
     EXPECT_EQ(publisher.Run({"create", "-f", "/data", "/circle.mdb"}).Exit, Status::Failed);
     EXPECT_EQ(publisher.Files(), (std::set<std::string>{"Vemora.mdb", "circle.mdb", "data", "link.mdb"}));
 }
-
-#ifdef SIGHUP
-#endif
 
 TEST(Create, RefusesBadDataWithTheirPlaceAndLeavesNothing) {
     // By file: a text in it, the bad one in its place, and what is said of it behind the file's name. The
