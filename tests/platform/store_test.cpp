@@ -87,20 +87,6 @@ TEST(Store, LeavesAFileAloneThatItCannotOpen) {
     EXPECT_EQ(FilesIn(database.Folder()), kOnlyFile);
 }
 
-TEST(Store, TellsOfADamagedPage) {
-    const test::TestDatabase database;
-    database.Fill("INSERT INTO Chemical(NoteSE) VALUES('" + kNote + "')");
-    const std::string bytes = ReadAll(database.File());
-    for (const std::size_t at : {bytes.size() - 4096 * 3, bytes.size() - 2000}) {
-        auto damaged = bytes;
-        damaged[at] = static_cast<char>(damaged[at] ^ 1);
-        Write(database.File(), damaged);
-        Store store(database.File(), kPassword, Access::Exclusive);
-        auto read = store.Prepare("SELECT NoteSE FROM Chemical");
-        EXPECT_EQ(ErrorOf([&] { read.Step() && read.Text(0).empty(); }), errors::StoreFailed) << at;
-    }
-}
-
 TEST(Store, IsOneProgramsAlone) {
     const test::TestDatabase database;
     {

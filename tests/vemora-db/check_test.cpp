@@ -5,7 +5,6 @@
 
 #include <array>
 #include <regex>
-#include <sstream>
 
 #include "vemora-db/check_parts.h"
 #include "vemora-db/publisher.h"

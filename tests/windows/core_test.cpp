@@ -46,16 +46,13 @@ TEST(Start, AsksForALanguageAndGoesOnInTheOneClickedLastEvenWhenCancelled) {
 TEST(Start, ReportsADatabaseThatItCannotOpenAndLeavesItAlone) {
     const std::pair<long, void (*)(const fs::path&)> cases[] = {
         {platform::errors::StoreFailed, [](const fs::path& file) { fs::remove(file); }},
-        {platform::errors::StoreFailed, [](const fs::path& file) { fs::permissions(file, fs::perms(0444)); }},
         {platform::errors::BadPassword,
          [](const fs::path& file) { std::ofstream(file) << std::string(9000, 'x'); }}};
     for (const auto& [number, prepare] : cases) {
         Session run;
-        fs::permissions(run.Folder.Path(), fs::perms::all);
-        fs::permissions(run.Folder.Database(), fs::perms::all);
         prepare(run.Folder.Database());
         const std::string before = test::ReadAll(run.Folder.Database());
-        test::WithoutPrivileges([&] { run.Start(); });
+        run.Start();
         EXPECT_EQ(run.Boxes(), (Strings{run.Report(number, "ÖppnaDB in Module mMain"),
                                         "[16 ] " + run.T("R0117") + "\r\n\r\n" + run.T("R0118")}));
         EXPECT_EQ(test::ReadAll(run.Folder.Database()), before);
@@ -67,19 +64,6 @@ TEST(Start, AFailureWhileTheMainWindowOpensIsReported) {
     run.Core.Windows.Main = []() -> platform::Form& { throw platform::Error(75, "It can't be made."); };
     run.Start();
     EXPECT_EQ(run.Boxes(), Strings{run.Report(75, "Main in Module mMain")});
-}
-
-TEST(Start, OnlyOneProgramHasTheDatabase) {
-    Running first;
-    test::ScriptedDesktop second;
-    Program other(second, first.Folder.Path());
-    second.Event([&] { other.Main.Main(); });
-    EXPECT_EQ(second.TakeBoxes().size(), 2U);
-    EXPECT_FALSE(other.Main.Windows.Main().IsLoaded());
-
-    first.Main().InputClose();
-    second.Event([&] { other.Main.Main(); });
-    EXPECT_TRUE(other.Main.Windows.Main().IsLoaded());
 }
 
 constexpr const char* kTables[] = {"Conc", "Misc", "Plast", "Tight", "Metal", "Temp"};

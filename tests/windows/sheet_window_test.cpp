@@ -147,7 +147,7 @@ TEST(SheetWindow, SortsByTheHeadingClicked) {
     });
 }
 
-TEST(SheetWindow, ItsListFollowsItsSizeAndItsLastColumnTheNextRefresh) {
+TEST(SheetWindow, ItsListFollowsItsSizeAndEscClosesItExceptInTheDropDownLists) {
     Running run;
     run.OpenSheet(1, [](frmChemical& sheet) {
         test::ExpectListFollows(sheet, sheet.lvwMaterial,
@@ -158,23 +158,15 @@ TEST(SheetWindow, ItsListFollowsItsSizeAndItsLastColumnTheNextRefresh) {
                                  {20000, 10000, platform::vbMaximized, 19760, 5700}});
         EXPECT_EQ(sheet.lvwMaterial.Column(4).Width, 13440 - 5560);
         sheet.cboTemp.InputIndex(1);
-        EXPECT_EQ(sheet.lvwMaterial.Column(4).Width, 19760 - 5560);
-    });
-}
+        EXPECT_EQ(sheet.lvwMaterial.Column(4).Width, 19760 - 5560);  // with the next refresh
 
-TEST(SheetWindow, EscClosesItExceptInTheDropDownLists) {
-    Running run;
-    run.OpenSheet(1, [&](frmChemical& sheet) {
         test::Press(sheet, platform::key::Escape);
         sheet.cboTemp.InputFocus();
         sheet.InputActivate();  // only the first time sets anything
         test::Press(sheet, platform::key::Escape);
         EXPECT_EQ(sheet.ActiveControl(), &sheet.cboTemp);
         sheet.lvwMaterial.InputFocus();
-        for (const int other : {33, 34, 35, 36, 38, 40}) {
-            EXPECT_FALSE(sheet.InputKey(other));
-        }
-        EXPECT_TRUE(sheet.IsLoaded());
+        EXPECT_FALSE(sheet.InputKey(34) || !sheet.IsLoaded());
         EXPECT_TRUE(sheet.InputKey(platform::key::Escape, 0, platform::key::Escape));
         EXPECT_FALSE(sheet.IsLoaded());
     });

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/files/files.h"
 #include "platform/text/text.h"
 #include "support/session.h"
 #include "texts/frmLang.h"
@@ -100,17 +99,6 @@ TEST_F(Texts, AWindowGetsItsTitleAndItsTextsUpToTheFirstControlThatCannotTakeOne
     EXPECT_FALSE(texter.TextTillControl(pictures, "R0001", true));
     EXPECT_EQ(desktop.TakeBoxes(),
               Strings(2, "[0 -] Text error 438 (…) in procedure TextTillControl in Module mTexter"));
-}
-
-TEST_F(Texts, EveryReadTakesTheFileAsItIsNow) {
-    const auto one = [&](const std::string& bytes) {
-        platform::WriteFile(folder.Bin("lang.ini"), bytes);
-        return texter.TextTillAndra("R0001");
-    };
-    EXPECT_EQ(one("[System]\r\nR0001=\xE5\r\n") + one("[Other]\nR0001=other\n"), "å");
-    std::filesystem::remove(folder.Bin("lang.ini"));
-    EXPECT_EQ(texter.TextTillAndra("R0001"), "");
-    EXPECT_FALSE(LanguageFileExists(folder.Path()));
 }
 
 class LanguageWindow : public testing::Test {
