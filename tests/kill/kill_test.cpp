@@ -12,6 +12,7 @@
 #include <cstdio>
 
 #include "platform/test_database.h"
+#include "platform/text/text.h"
 #include "update/writers.h"
 
 namespace {
@@ -19,15 +20,17 @@ namespace {
 using std::chrono::duration, std::chrono::steady_clock;
 
 constexpr int kChemicals = 12;
-constexpr int kLines = 3;  // of values, for each
+constexpr int kLines = 1 + 3;  // for each: its own and those of values
 constexpr const char* kSigns[] = {"+", "-", "0"};
 
-std::string Sign(int chemical, int line) {
-    return kSigns[(chemical + line) % 3];
+/// The verdict of a line, as often as there are materials, with something before each.
+std::string Verdicts(int i, const char* before, int materials) {
+    return platform::Replace(std::string(static_cast<std::size_t>(materials), 'x'), "x",
+                             before + std::string(kSigns[i % 3]));
 }
 
-// The import, which tells by a byte each line that is written. After some seconds, or never at 0, the system
-// ends the process between any two instructions.
+// The import, which tells by a byte that it has begun and each line that is written. After some seconds, or
+// never at 0, the system ends the process between any two instructions.
 int Import(const test::TestDatabase& database, int told, double after) {
     platform::adodb::Connection connection;
     database.Open(connection);
@@ -35,27 +38,17 @@ int Import(const test::TestDatabase& database, int told, double after) {
         std::fprintf(stderr, "%s\n", error.what());
         std::_Exit(3);
     });
-    const auto written = [told] {
-        if (::write(told, ".", 1) != 1) {
-            std::_Exit(4);
-        }
-    };
-    written();  // the clock begins when the database is open
     const itimerval timer{{},
                           {static_cast<time_t>(after), static_cast<suseconds_t>(after * 1e6) % 1'000'000}};
     ::setitimer(ITIMER_REAL, &timer, nullptr);
-    for (int chemical = 1; chemical <= kChemicals; ++chemical) {
-        const std::string id = std::to_string(chemical);
-        writers.ChemID = chemical;
-        writers.SättKemikalie(vemora::UpdateFields(id + ";F;Namn" + id + ";n;n;n;n;n;n;n;n"));
-        written();
-        for (int line = 0; line < kLines; ++line) {
-            std::string text = ";;10 %;10 %;10 %;;;;;;;;;" + std::to_string(line);
-            for (int cell = 0; cell < 16; ++cell) {
-                text += ";" + Sign(chemical, line);
-            }
-            writers.SättVärden(vemora::UpdateFields(text));
-            written();
+    for (int i = 0; ::write(told, ".", 1) == 1 && i < kChemicals * kLines; ++i) {
+        const std::string id = std::to_string(i / kLines + 1);
+        if (i % kLines == 0) {
+            writers.ChemID = i / kLines + 1;
+            writers.SättKemikalie(vemora::UpdateFields(id + ";F;Namn" + id + ";n;n;n;n;n;n;n;n"));
+        } else {
+            writers.SättVärden(vemora::UpdateFields(";;10 %;10 %;10 %;;;;;;;;;" + std::to_string(i % kLines) +
+                                                    Verdicts(i, ";", 16)));
         }
     }
     return 0;
@@ -99,21 +92,17 @@ std::string Fault(const test::TestDatabase& database, int lines) {
     platform::adodb::Connection connection;
     database.Open(connection);
     for (int i = 0; i < lines; ++i) {
-        const int chemical = i / (kLines + 1) + 1;
-        const int line = i % (kLines + 1) - 1;
-        const std::string id = std::to_string(chemical);
+        const std::string id = std::to_string(i / kLines + 1);
         if (test::Ask(connection, "SELECT NameSE FROM Chemical WHERE ID = " + id) != "Namn" + id) {
             return "the chemical " + id + " is missing";
         }
+        const std::string where = " WHERE ChemID = " + id +
+                                  " AND TempID IN (SELECT ID FROM Temp WHERE Temp = '" +
+                                  std::to_string(i % kLines) + "')";
         for (const auto& [table, cells] : {std::pair{"relPlast", 6}, {"relMetal", 4}, {"relTight", 6}}) {
-            std::string expected = Sign(chemical, line + 3);
-            for (int cell = 1; cell < cells; ++cell) {
-                expected += "/" + Sign(chemical, line + 3);
-            }
-            if (line >= 0 &&
-                test::Ask(connection, std::string("SELECT TheValue FROM ") + table + " WHERE ChemID = " + id +
-                                          " AND TempID IN (SELECT ID FROM Temp WHERE Temp = '" +
-                                          std::to_string(line) + "')") != expected) {
+            const std::string rows =
+                test::Ask(connection, std::string("SELECT TheValue FROM ") + table + where);
+            if (i % kLines != 0 && "/" + rows != Verdicts(i, "/", cells)) {
                 return std::string("rows are missing in ") + table;
             }
         }
@@ -125,7 +114,7 @@ std::string Fault(const test::TestDatabase& database, int lines) {
 
 int main(int argc, char** argv) {
     const int times = argc == 2 ? std::atoi(argv[1]) : 0;
-    constexpr int kAll = kChemicals * (kLines + 1);
+    constexpr int kAll = kChemicals * kLines;
     double whole = 0;
     std::mt19937 random(20261123);
     int cut = 0;

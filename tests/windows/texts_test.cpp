@@ -13,15 +13,12 @@ namespace {
 using test::Strings;
 
 /// A control of any type.
-class Probe final : public platform::CaptionControl {
-  public:
+struct Probe final : platform::CaptionControl {
     Probe(platform::Form& parent, std::string type)
         : CaptionControl(parent, "probe", {.Caption = "design", .ToolTipText = "design tip"}, -1),
-          type_(std::move(type)) {}
-    std::string_view TypeName() const override { return type_; }
-
-  private:
-    std::string type_;
+          Type(std::move(type)) {}
+    std::string_view TypeName() const override { return Type; }
+    const std::string Type;
 };
 
 std::string Many(std::size_t count) {
