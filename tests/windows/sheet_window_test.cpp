@@ -29,7 +29,6 @@ TEST(SheetWindow, ShowsTheTextsOfTheLanguageChosenInIt) {
             EXPECT_EQ(sheet.imgBild(0).Visible, option != 0);
             EXPECT_EQ(sheet.imgBild(1).Visible, option == 0);
             EXPECT_EQ(sheet.Caption, run.T("R0001"));
-            EXPECT_EQ(sheet.Icon, run.Main().Icon);
             run.Boxes();
             sheet.lvwMaterial.Select(3);
             for (const int other : {1, 2, 0}) {
