@@ -6,23 +6,16 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
 
+#include "platform/test_database.h"
 #include "platform/text/text.h"
 #include "vemora-db/csv_reader.h"
 #include "vemora-db/failures.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // One file a process, beside the others of a parallel run.
-    static const std::filesystem::path file =
-        std::filesystem::temp_directory_path() /
-        ("vemora_csv_fuzz_" + std::to_string(reinterpret_cast<std::uintptr_t>(&size)) + ".csv");
-    {
-        std::ofstream out(file, std::ios::binary | std::ios::trunc);
-        out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    }
+    static const test::TestFolder folder;
+    const auto file = folder.Path() / "fuzz.csv";
+    std::ofstream(file, std::ios::binary) << std::string_view(reinterpret_cast<const char*>(data), size);
     try {
         vemora_db::CsvReader reader(file);
         const std::size_t columns = reader.Heading().size();

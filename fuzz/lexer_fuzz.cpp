@@ -7,9 +7,8 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
+#include <set>
 #include <string>
-#include <string_view>
 
 #include "platform/error.h"
 #include "platform/store/lexer.h"
@@ -20,36 +19,23 @@ namespace {
 bool onlyRows = true;
 
 int Watch(void*, int action, const char*, const char*, const char*, const char*) {
-    switch (action) {
-        case SQLITE_SELECT:
-        case SQLITE_READ:
-        case SQLITE_INSERT:
-        case SQLITE_UPDATE:
-        case SQLITE_DELETE:
-        case SQLITE_FUNCTION:
-        case SQLITE_RECURSIVE:
-            break;
-        default:
-            onlyRows = false;
-    }
+    static const std::set<int> ofRows = {SQLITE_SELECT, SQLITE_READ,     SQLITE_INSERT,   SQLITE_UPDATE,
+                                         SQLITE_DELETE, SQLITE_FUNCTION, SQLITE_RECURSIVE};
+    onlyRows = onlyRows && ofRows.contains(action);
     return SQLITE_OK;
 }
 
-struct CloseHandle {
-    void operator()(sqlite3* db) const { sqlite3_close(db); }
-};
-
 sqlite3* Store() {
-    static const auto store = [] {
-        sqlite3* raw = nullptr;
-        const bool ready = sqlite3_open(":memory:", &raw) == SQLITE_OK &&
-                           sqlite3_exec(raw, std::string(platform::SchemaSql()).c_str(), nullptr, nullptr,
-                                        nullptr) == SQLITE_OK &&
-                           sqlite3_set_authorizer(raw, Watch, nullptr) == SQLITE_OK;
+    static sqlite3* const store = [] {
+        sqlite3* made = nullptr;
+        const std::string schema(platform::SchemaSql());
+        const bool ready = sqlite3_open(":memory:", &made) == SQLITE_OK &&
+                           sqlite3_exec(made, schema.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK &&
+                           sqlite3_set_authorizer(made, Watch, nullptr) == SQLITE_OK;
         if (!ready) std::abort();
-        return std::unique_ptr<sqlite3, CloseHandle>(raw);
+        return made;
     }();
-    return store.get();
+    return store;
 }
 
 }  // namespace

@@ -3,79 +3,29 @@
 
 // Any bytes as an update file, taken in by the writers on a small database.
 
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <string>
 
-#include "platform/adodb/adodb.h"
-#include "platform/error.h"
-#include "platform/store/schema.h"
-#include "platform/store/store.h"
+#include "platform/test_database.h"
 #include "update/writers.h"
 
-namespace {
-
-namespace fs = std::filesystem;
-constexpr const char* kPassword = "mora27";
-
-struct Database {
-    fs::path Folder = fs::temp_directory_path() / ("vemora-fuzz." + std::to_string(::getpid()));
-    platform::adodb::Connection Connection;
-
-    Database() {
-        fs::create_directories(Folder);
-        fs::remove(File());
-        {
-            platform::Store store(File(), kPassword, platform::Store::Access::Create);
-            platform::CreateSchema(store);
-            store.Close();
-        }
-        Open();
-    }
-    ~Database() {
-        Connection.Close();
-        fs::remove_all(Folder);
-    }
-    fs::path File() const { return Folder / "Vemora.mdb"; }
-    void Open() {
-        Connection.ConnectionString = "Data Source=" + File().string();
-        Connection.Properties["Jet OLEDB:Database Password"] = kPassword;
-        Connection.Open();
-    }
-    // Once in a while, since the key takes its time.
-    void Check() {
-        Connection.Close();
-        {
-            platform::Store store(File(), kPassword, platform::Store::Access::Exclusive);
-            auto check = store.Prepare("PRAGMA integrity_check");
-            if (!check.Step() || check.Text(0) != "ok") {
-                std::abort();
-            }
-        }
-        Open();
-    }
-    void Clear() {
-        for (const char* const table :
-             {"Chemical", "Conc", "Temp", "relPlast", "relMetal", "relTight", "relMisc"}) {
-            Connection.Execute(std::string("DELETE FROM ") + table);
-        }
-    }
-};
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static Database database;
+    static const test::TestDatabase database;
+    static platform::adodb::Connection connection;
     static int runs = 0;
-    const fs::path file = database.Folder / "Upd.skv";
-    std::ofstream(file, std::ios::binary)
-        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    vemora::UpdateWriters writers(database.Connection, [](const platform::Error& error, const char* ending) {
+    // Once in a while, since the key takes its time.
+    if (runs++ % 500 == 0) {
+        if (connection.IsOpen()) {
+            connection.Close();
+        }
+        if (!test::IsSound(database.File())) {
+            std::abort();
+        }
+        database.Open(connection);
+    }
+    const auto file = database.Folder() / "Upd.skv";
+    std::ofstream(file, std::ios::binary) << std::string_view(reinterpret_cast<const char*>(data), size);
+    vemora::UpdateWriters writers(connection, [](const platform::Error& error, const char* ending) {
         if (error.Description.empty() || std::string(ending).empty()) {
             std::abort();
         }
@@ -86,9 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     } catch (const platform::Error&) {
         // The reading has ended; what was written stays.
     }
-    database.Clear();
-    if (++runs % 500 == 0) {
-        database.Check();
+    for (const char* const table :
+         {"Chemical", "Conc", "Temp", "relPlast", "relMetal", "relTight", "relMisc"}) {
+        connection.Execute(std::string("DELETE FROM ") + table);
     }
     return 0;
 }

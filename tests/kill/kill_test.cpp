@@ -4,65 +4,51 @@
 // An import that is killed at some moment: kill_test TIMES. Each time the database must open, be sound, and
 // hold every line whose writing had returned.
 
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
-#include <random>
-#include <string>
-#include <thread>
 
 #include "platform/test_database.h"
+#include "platform/text/text.h"
 #include "update/writers.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-using std::chrono::steady_clock;
+using std::chrono::duration, std::chrono::steady_clock;
 
 constexpr int kChemicals = 12;
-constexpr int kLines = 3;  // of values, for each
+constexpr int kLines = 1 + 3;  // for each: its own and those of values
 constexpr const char* kSigns[] = {"+", "-", "0"};
 
-std::string Sign(int chemical, int line) {
-    return kSigns[(chemical + line) % 3];
+/// The verdict of a line, as often as there are materials, with something before each.
+std::string Verdicts(int i, const char* before, int materials) {
+    return platform::Replace(std::string(static_cast<std::size_t>(materials), 'x'), "x",
+                             before + std::string(kSigns[i % 3]));
 }
 
-void Open(platform::adodb::Connection& connection, const fs::path& file) {
-    connection.ConnectionString = "Data Source=" + file.string();
-    connection.Properties["Jet OLEDB:Database Password"] = test::kPassword;
-    connection.Open();
-}
-
-// The import, which tells by a byte each line that is written.
-int Import(const fs::path& file) {
+// The import, which tells by a byte that it has begun and each line that is written. After some seconds, or
+// never at 0, the system ends the process between any two instructions.
+int Import(const test::TestDatabase& database, int told, double after) {
     platform::adodb::Connection connection;
-    Open(connection, file);
+    database.Open(connection);
     vemora::UpdateWriters writers(connection, [](const platform::Error& error, const char*) {
         std::fprintf(stderr, "%s\n", error.what());
         std::_Exit(3);
     });
-    const auto written = [] {
-        if (::write(STDOUT_FILENO, ".", 1) != 1) {
-            std::_Exit(4);
-        }
-    };
-    written();
-    for (int chemical = 1; chemical <= kChemicals; ++chemical) {
-        const std::string id = std::to_string(chemical);
-        writers.ChemID = chemical;
-        writers.SättKemikalie(vemora::UpdateFields(id + ";F;Namn" + id + ";n;n;n;n;n;n;n;n"));
-        written();
-        for (int line = 0; line < kLines; ++line) {
-            std::string text = ";;10 %;10 %;10 %;;;;;;;;;" + std::to_string(line);
-            for (int cell = 0; cell < 16; ++cell) {
-                text += ";" + Sign(chemical, line);
-            }
-            writers.SättVärden(vemora::UpdateFields(text));
-            written();
+    const itimerval timer{{},
+                          {static_cast<time_t>(after), static_cast<suseconds_t>(after * 1e6) % 1'000'000}};
+    ::setitimer(ITIMER_REAL, &timer, nullptr);
+    for (int i = 0; ::write(told, ".", 1) == 1 && i < kChemicals * kLines; ++i) {
+        const std::string id = std::to_string(i / kLines + 1);
+        if (i % kLines == 0) {
+            writers.ChemID = i / kLines + 1;
+            writers.SättKemikalie(vemora::UpdateFields(id + ";F;Namn" + id + ";n;n;n;n;n;n;n;n"));
+        } else {
+            writers.SättVärden(vemora::UpdateFields(";;10 %;10 %;10 %;;;;;;;;;" + std::to_string(i % kLines) +
+                                                    Verdicts(i, ";", 16)));
         }
     }
     return 0;
@@ -71,43 +57,26 @@ int Import(const fs::path& file) {
 struct Outcome {
     int Lines = -1;  // written before the end; -1: the import hadn't begun
     bool Whole = false;
-    double Milliseconds = 0;
+    double Seconds = 0;
 };
 
-/// Runs the import in a process of its own, and kills it after a time, or never.
-Outcome RunAndKill(const char* self, const fs::path& file, double after) {
+/// Runs the import in a process of its own.
+Outcome Run(const test::TestDatabase& database, double after) {
     int ends[2];
     if (::pipe(ends) != 0) {
         std::exit(2);
     }
     const pid_t child = ::fork();
     if (child == 0) {
-        ::dup2(ends[1], STDOUT_FILENO);
-        ::execl(self, self, "import", file.c_str(), nullptr);
-        std::_Exit(5);
+        std::_Exit(Import(database, ends[1], after));
     }
     ::close(ends[1]);
     Outcome outcome;
-    char c = 0;
-    // The clock begins when the database is open.
-    if (::read(ends[0], &c, 1) == 1) {
-        outcome.Lines = 0;
+    steady_clock::time_point begin;
+    for (char c = 0; ::read(ends[0], &c, 1) == 1; ++outcome.Lines) {
+        begin = outcome.Lines < 0 ? steady_clock::now() : begin;
     }
-    const auto begin = steady_clock::now();
-    std::thread killer;
-    if (after >= 0) {
-        killer = std::thread([&] {
-            std::this_thread::sleep_until(begin + std::chrono::duration<double, std::milli>(after));
-            ::kill(child, SIGKILL);
-        });
-    }
-    while (::read(ends[0], &c, 1) == 1) {
-        ++outcome.Lines;
-    }
-    outcome.Milliseconds = std::chrono::duration<double, std::milli>(steady_clock::now() - begin).count();
-    if (killer.joinable()) {
-        killer.join();
-    }
+    outcome.Seconds = duration<double>(steady_clock::now() - begin).count();
     ::close(ends[0]);
     int status = 0;
     ::waitpid(child, &status, 0);
@@ -116,35 +85,24 @@ Outcome RunAndKill(const char* self, const fs::path& file, double after) {
 }
 
 /// What is wrong with the database; empty when nothing is.
-std::string Fault(const fs::path& file, int lines) {
-    {
-        platform::Store store(file, test::kPassword, platform::Store::Access::Exclusive);
-        auto check = store.Prepare("PRAGMA integrity_check");
-        if (!check.Step() || check.Text(0) != "ok") {
-            return "the file is not sound";
-        }
+std::string Fault(const test::TestDatabase& database, int lines) {
+    if (!test::IsSound(database.File())) {
+        return "the file is not sound";
     }
     platform::adodb::Connection connection;
-    Open(connection, file);
+    database.Open(connection);
     for (int i = 0; i < lines; ++i) {
-        const int chemical = i / (kLines + 1) + 1;
-        const int line = i % (kLines + 1) - 1;
-        const std::string id = std::to_string(chemical);
-        if (line < 0) {
-            if (test::Ask(connection, "SELECT NameSE FROM Chemical WHERE ID = " + id) != "Namn" + id) {
-                return "the chemical " + id + " is missing";
-            }
-            continue;
+        const std::string id = std::to_string(i / kLines + 1);
+        if (test::Ask(connection, "SELECT NameSE FROM Chemical WHERE ID = " + id) != "Namn" + id) {
+            return "the chemical " + id + " is missing";
         }
-        const std::string temp =
-            test::Ask(connection, "SELECT ID FROM Temp WHERE Temp = '" + std::to_string(line) + "'");
+        const std::string where = " WHERE ChemID = " + id +
+                                  " AND TempID IN (SELECT ID FROM Temp WHERE Temp = '" +
+                                  std::to_string(i % kLines) + "')";
         for (const auto& [table, cells] : {std::pair{"relPlast", 6}, {"relMetal", 4}, {"relTight", 6}}) {
-            std::string expected;
-            for (int cell = 0; cell < cells; ++cell) {
-                expected += (cell > 0 ? "/" : "") + Sign(chemical, line);
-            }
-            if (test::Ask(connection, std::string("SELECT TheValue FROM ") + table + " WHERE ChemID = " + id +
-                                          " AND TempID = " + (temp.empty() ? "0" : temp)) != expected) {
+            const std::string rows =
+                test::Ask(connection, std::string("SELECT TheValue FROM ") + table + where);
+            if (i % kLines != 0 && "/" + rows != Verdicts(i, "/", cells)) {
                 return std::string("rows are missing in ") + table;
             }
         }
@@ -155,36 +113,26 @@ std::string Fault(const fs::path& file, int lines) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3 && argv[1] == std::string("import")) {
-        return Import(argv[2]);
-    }
     const int times = argc == 2 ? std::atoi(argv[1]) : 0;
-    const test::TestDatabase database;
-    const std::string empty = test::ReadAll(database.File());
-    const fs::path file = database.Folder() / "killed.mdb";
-    const auto anew = [&] {
-        fs::remove(file.string() + "-wal");
-        std::ofstream(file, std::ios::binary) << empty;
-    };
-    anew();
-    const Outcome whole = RunAndKill(argv[0], file, -1);
-    constexpr int kAll = kChemicals * (kLines + 1);
-    if (!whole.Whole || whole.Lines != kAll || !Fault(file, kAll).empty()) {
-        std::fprintf(stderr, "an import that nobody kills fails\n");
-        return 1;
-    }
+    constexpr int kAll = kChemicals * kLines;
+    double whole = 0;
     std::mt19937 random(20261123);
     int cut = 0;
     int begun = 0;
-    for (int i = 0; i < times; ++i) {
-        anew();
+    for (int i = -1; i < times; ++i) {  // the first one nobody kills
+        const test::TestDatabase database;
         const double share = (i + std::uniform_real_distribution<double>(0, 1)(random)) / times;
-        const Outcome outcome = RunAndKill(argv[0], file, whole.Milliseconds * share);
-        cut += outcome.Whole ? 0 : 1;
-        begun += outcome.Lines > 0 ? 1 : 0;
-        const std::string fault = Fault(file, outcome.Lines);
+        const Outcome outcome = Run(database, i < 0 ? 0 : whole * share);
+        std::string fault = Fault(database, outcome.Lines);
+        if (i < 0) {
+            whole = outcome.Seconds;
+            fault += outcome.Whole && outcome.Lines == kAll ? "" : "nobody has killed it";
+        } else {
+            cut += outcome.Whole ? 0 : 1;
+            begun += outcome.Lines > 0 ? 1 : 0;
+        }
         if (!fault.empty()) {
-            std::fprintf(stderr, "killed after %d lines: %s\n", outcome.Lines, fault.c_str());
+            std::fprintf(stderr, "ended after %d lines: %s\n", outcome.Lines, fault.c_str());
             return 1;
         }
     }

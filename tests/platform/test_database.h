@@ -5,12 +5,15 @@
 
 #ifndef _WIN32
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #endif
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <random>
 #include <string>
@@ -48,6 +51,13 @@ class TestFolder {
 inline std::string ReadAll(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// Whether a database opens and its file is sound.
+inline bool IsSound(const std::filesystem::path& file) {
+    platform::Store store(file, kPassword, platform::Store::Access::Exclusive);
+    auto check = store.Prepare("PRAGMA integrity_check");
+    return check.Step() && check.Text(0) == "ok";
 }
 
 /// An encrypted database file "Vemora.mdb" with all tables, empty, in a folder of its own.
@@ -125,6 +135,20 @@ class FullDisk {
     rlimit before_{};
 };
 #endif
+
+/// Runs something with no more power than the rights of the files allow.
+inline void WithoutPrivileges(const std::function<void()>& action) {
+#ifndef _WIN32
+    constexpr uid_t nobody = 65534;
+    const bool dropped = geteuid() == 0 && seteuid(nobody) == 0;
+    action();
+    if (dropped && seteuid(0) != 0) {
+        std::abort();
+    }
+#else
+    action();
+#endif
+}
 
 /// The number of the Error that an action throws; 0 when it throws none.
 template <class Action>

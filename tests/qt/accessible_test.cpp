@@ -43,14 +43,9 @@ std::string Shown(QAccessibleInterface& on) {
 }
 
 TEST_F(AccessibleTest, WhatItDoesIsTheNextEventAndTheWidgetShowsWhatTheControlHasTaken) {
-    struct Case {
-        QAccessibleInterface& On;
-        std::function<std::string()> Taken;  // what the control says
-        Act First;
-        std::string Expected;
-        std::function<void()> Close;  // from now on nothing is taken
-        Act Second;
-    };
+    // What the control says has been taken, a first act, and, behind what makes it take nothing, a second.
+    using Case = std::tuple<QAccessibleInterface&, std::function<std::string()>, Act, std::string,
+                            std::function<void()>, Act>;
     int presses = 0;
     // While its box is up, nobody waits.
     Form.cmdOk.Click = Form.mnuCopy.Click = [&] {
@@ -69,37 +64,37 @@ TEST_F(AccessibleTest, WhatItDoesIsTheNextEventAndTheWidgetShowsWhatTheControlHa
     const Act toggle = Do(QAccessibleActionInterface::toggleAction());
     const auto disable = [](platform::Control& control) { return [&] { control.Enabled = false; }; };
     const auto pressed = [&] { return std::string(static_cast<std::size_t>(presses), '!'); };
-    for (const Case& c : {
-             Case{of(Form.cmdOk), pressed, press, "!", disable(Form.cmdOk), press},
-             Case{*bar->child(0)->child(0)->child(0), pressed, press, "!!", disable(Form.mnuCopy), press},
-             Case{of(Form.chkOwn), [&] { return std::to_string(Form.chkOwn.Value); }, toggle, "1",
-                  [&] { Form.chkOwn.Click = [&] { Form.chkOwn.Value = 1; }; }, toggle},
-             Case{of(Form.chkFlat), [&] { return std::to_string(Form.chkFlat.Value); }, toggle, "1",
-                  [&] { Form.cmdOk.Top = Form.chkFlat.Top.Get(); }, toggle},
-             Case{of(Form.optKind(2)), [&] { return std::to_string(Form.optKind(2).Value); }, toggle, "1",
-                  [] {}, toggle},
-             Case{of(Form.txtName), [&] { return Form.txtName.Text.Get(); }, Write("syra"), "syra",
-                  [&] { Form.txtName.Locked = true; }, Write("bas")},
-             Case{of(Form.txtNote), [&] { return Form.txtNote.Text.Get(); }, Write("syra"), "syra",
-                  [&] { Form.txtNote.Locked = true; }, Write("bas")},
-             Case{of(Form.cboLang), [&] { return Form.cboLang.Text(); }, Choose(1), "English",
-                  disable(Form.cboLang), Choose(0)},
-             Case{of(Form.lvw), [&] { return std::to_string(Form.lvw.SelectedIndex()); }, Choose(1), "1",
-                  disable(Form.lvw), Choose(3)},
-         }) {
-        SCOPED_TRACE(c.On.text(QAccessible::Name).toStdString());
-        const auto expectTaken = [&] {
-            EXPECT_TRUE(QTest::qWaitFor([&] { return c.Taken() == c.Expected; })) << c.Taken();
+    const auto value = [](auto& control) { return [&] { return std::to_string(control.Value); }; };
+    const auto text = [](TextBox& box) { return [&] { return box.Text.Get(); }; };
+    const auto lock = [](TextBox& box) { return [&] { box.Locked = true; }; };
+    const Case cases[] = {
+        {of(Form.cmdOk), pressed, press, "!", disable(Form.cmdOk), press},
+        {*bar->child(0)->child(0)->child(0), pressed, press, "!!", disable(Form.mnuCopy), press},
+        {of(Form.chkOwn), value(Form.chkOwn), toggle, "1",
+         [&] { Form.chkOwn.Click = [&] { Form.chkOwn.Value = 1; }; }, toggle},
+        {of(Form.chkFlat), value(Form.chkFlat), toggle, "1", [&] { Form.cmdOk.Top = Form.chkFlat.Top.Get(); },
+         toggle},
+        {of(Form.optKind(2)), value(Form.optKind(2)), toggle, "1", [] {}, toggle},
+        {of(Form.txtName), text(Form.txtName), Write("syra"), "syra", lock(Form.txtName), Write("bas")},
+        {of(Form.txtNote), text(Form.txtNote), Write("syra"), "syra", lock(Form.txtNote), Write("bas")},
+        {of(Form.cboLang), [&] { return Form.cboLang.Text(); }, Choose(1), "English", disable(Form.cboLang),
+         Choose(0)},
+        {of(Form.lvw), [&] { return std::to_string(Form.lvw.SelectedIndex()); }, Choose(1), "1",
+         disable(Form.lvw), Choose(3)}};
+    for (const auto& [on, taken, first, expected, close, second] : cases) {
+        SCOPED_TRACE(on.text(QAccessible::Name).toStdString());
+        const auto expectTaken = [&, &from = on, &now = taken, &right = expected] {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return now() == right; })) << now();
             S.Desktop.Flush();
-            EXPECT_EQ(c.Expected[0] == '!' ? c.Expected : Shown(c.On), c.Expected);
+            EXPECT_EQ(right[0] == '!' ? right : Shown(from), right);
         };
-        const std::string before = c.Taken();
-        c.First(c.On);
-        EXPECT_EQ(c.Taken(), before);
+        const std::string before = taken();
+        first(on);
+        EXPECT_EQ(taken(), before);
         expectTaken();
-        c.Close();
+        close();
         S.Desktop.Flush();
-        c.Second(c.On);
+        second(on);
         QApplication::processEvents();
         expectTaken();
     }

@@ -17,20 +17,18 @@ int Show(Screen& s, int flags, const std::optional<std::string>& title,
 }
 
 TEST(Box, AsksInTheProgramsLanguageAndDefaultsToNo) {
-    struct Case {
-        const char* Language;
-        const char *No, *Paste;
-        Qt::Key Yes;
-    };
+    const std::tuple<const char*, const char*, const char*, Qt::Key> cases[] = {
+        {"Svenska", "&Nej", "K&listra in", Qt::Key_J},
+        {"Deutsch", "&Nein", "E&infügen", Qt::Key_J},
+        {"English", "&No", "&Paste", Qt::Key_Y},
+        {"", "&No", "&Paste", Qt::Key_Y}};
     Screen s;
-    for (const Case& c :
-         {Case{"Svenska", "&Nej", "K&listra in", Qt::Key_J}, Case{"Deutsch", "&Nein", "E&infügen", Qt::Key_J},
-          Case{"English", "&No", "&Paste", Qt::Key_Y}, Case{"", "&No", "&Paste", Qt::Key_Y}}) {
-        s.Language = c.Language;
+    for (const auto& [language, no, paste, yes] : cases) {
+        s.Language = language;
         const auto answer = [&](const std::function<void(QMessageBox&)>& piece) {
             return Show(s, platform::msg::YesNoDefaultNo, std::nullopt, piece);
         };
-        EXPECT_EQ(answer([&](QMessageBox& box) {
+        EXPECT_EQ(answer([](QMessageBox& box) {
                       EXPECT_EQ(box.windowTitle(), "Vemora");
                       EXPECT_EQ(box.text(), "<b>1</b>\n?");
                       EXPECT_EQ(box.textFormat(), Qt::PlainText);
@@ -40,12 +38,12 @@ TEST(Box, AsksInTheProgramsLanguageAndDefaultsToNo) {
                   platform::msg::AnswerNo);
         EXPECT_EQ(answer([](QMessageBox& box) { QTest::keyClick(box.focusWidget(), Qt::Key_Return); }),
                   platform::msg::AnswerNo);
-        EXPECT_EQ(answer([&](QMessageBox& box) {
-                      EXPECT_EQ(static_cast<QPushButton*>(box.focusWidget())->text(), c.No);
-                      QTest::keyClick(&box, c.Yes, Qt::AltModifier);
+        EXPECT_EQ(answer([text = no, key = yes](QMessageBox& box) {
+                      EXPECT_EQ(static_cast<QPushButton*>(box.focusWidget())->text(), text);
+                      QTest::keyClick(&box, key, Qt::AltModifier);
                   }),
                   platform::msg::AnswerYes);
-        EXPECT_EQ(QCoreApplication::translate("QLineEdit", "&Paste"), c.Paste);
+        EXPECT_EQ(QCoreApplication::translate("QLineEdit", "&Paste"), paste);
     }
 }
 
@@ -53,10 +51,10 @@ TEST(Box, ShowsItsIconAndTitleAndHidesTheHourglassMeanwhile) {
     Screen s;
     s.Desktop.MousePointer(platform::pointer::Hourglass);
     s.Desktop.MousePointer(platform::pointer::Hourglass);
-    for (const auto& [flags, icon] : {std::pair(platform::msg::OkOnly, QMessageBox::NoIcon),
-                                      std::pair(platform::msg::Critical, QMessageBox::Critical),
-                                      std::pair(platform::msg::Exclamation, QMessageBox::Warning),
-                                      std::pair(platform::msg::Information, QMessageBox::Information)}) {
+    using namespace platform::msg;
+    for (const auto& [flags, icon] :
+         {std::pair(OkOnly, QMessageBox::NoIcon), std::pair(Critical, QMessageBox::Critical),
+          std::pair(Exclamation, QMessageBox::Warning), std::pair(Information, QMessageBox::Information)}) {
         const auto look = [icon = icon](QMessageBox& box) {
             EXPECT_EQ(box.icon(), icon);
             EXPECT_EQ(box.windowTitle(), "Fel");

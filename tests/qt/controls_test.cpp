@@ -46,9 +46,8 @@ TEST_F(ControlsTest, SelectionsAreCountedInCodePointsOnBothSides) {
         EXPECT_EQ(Line().selectedText(), Line().text());
         Key(Qt::Key_Home);
     }
-}
 
-TEST_F(ControlsTest, TheClickThatBringsTheFocusLeavesTheFormsSelection) {
+    // The click that brings the focus leaves the form's selection.
     Form.txtName.Text = "natrium";
     Form.txtName.GotFocus = [this] {
         Form.txtName.SelStart = 0;

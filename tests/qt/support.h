@@ -11,9 +11,6 @@
 #include <QTimer>
 #include <array>
 #include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/forms/form.h"
 #include "qt/desktop.h"

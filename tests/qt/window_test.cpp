@@ -54,34 +54,29 @@ TEST_F(WindowTest, LargerThanItsScreenScrollsWithTheFocus) {
 }
 
 TEST_F(WindowTest, KeysReachTheFormFirstAndLeadTheFocusAndPress) {
-    struct Case {
-        Qt::Key Key;
-        Qt::KeyboardModifiers Modifiers;
-        Log Expected;
-    };
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, Log> cases[] = {
+        {Qt::Key_A, {}, {"65/0", "char 97"}},
+        {Qt::Key_X, {}, {"88/0", "char 120"}},  // which the form uses up
+        {Qt::Key_Home, {}, {"36/0"}},
+        {Qt::Key_Right, Qt::ShiftModifier, {"16/1", "39/1"}},
+        {Qt::Key_Delete, {}, {"46/0"}},
+        {Qt::Key_PageDown, Qt::ControlModifier, {"17/2", "34/2"}},
+        {Qt::Key_F2, {}, {"113/0"}},
+        {Qt::Key_Return, {}, {"ok "}},
+        {Qt::Key_Enter, Qt::KeypadModifier, {"ok "}},
+        {Qt::Key_Tab, {}, {"-txtName", "+optKind(1)"}},
+        {Qt::Key_Down, {}, {"40/0", "-optKind(1)", "+optKind(2)", "kind 2"}},
+        {Qt::Key_Right, {}, {"39/0", "-optKind(2)", "+optKind(0)", "kind 0"}},
+        {Qt::Key_Tab, {}, {"-optKind(0)", "+chkOwn"}},
+        {Qt::Key_Space, {}, {"32/0", "char 32", "own 1"}},
+        {Qt::Key_Tab, Qt::ShiftModifier, {"16/1", "-chkOwn", "+optKind(0)"}},
+        {Qt::Key_N, Qt::AltModifier, {"18/4", "-optKind(0)", "+txtName"}},
+        {Qt::Key_W, Qt::AltModifier, {"18/4", "-txtName", "+chkOwn", "own 0"}},
+        {Qt::Key_C, Qt::ControlModifier, {"17/2", "copy"}}};
     Form.SaysKeys = true;
-    for (const Case& c : {
-             Case{Qt::Key_A, {}, {"65/0", "char 97"}},
-             Case{Qt::Key_X, {}, {"88/0", "char 120"}},  // which the form uses up
-             Case{Qt::Key_Home, {}, {"36/0"}},
-             Case{Qt::Key_Right, Qt::ShiftModifier, {"16/1", "39/1"}},
-             Case{Qt::Key_Delete, {}, {"46/0"}},
-             Case{Qt::Key_PageDown, Qt::ControlModifier, {"17/2", "34/2"}},
-             Case{Qt::Key_F2, {}, {"113/0"}},
-             Case{Qt::Key_Return, {}, {"ok "}},
-             Case{Qt::Key_Enter, Qt::KeypadModifier, {"ok "}},
-             Case{Qt::Key_Tab, {}, {"-txtName", "+optKind(1)"}},
-             Case{Qt::Key_Down, {}, {"40/0", "-optKind(1)", "+optKind(2)", "kind 2"}},
-             Case{Qt::Key_Right, {}, {"39/0", "-optKind(2)", "+optKind(0)", "kind 0"}},
-             Case{Qt::Key_Tab, {}, {"-optKind(0)", "+chkOwn"}},
-             Case{Qt::Key_Space, {}, {"32/0", "char 32", "own 1"}},
-             Case{Qt::Key_Tab, Qt::ShiftModifier, {"16/1", "-chkOwn", "+optKind(0)"}},
-             Case{Qt::Key_N, Qt::AltModifier, {"18/4", "-optKind(0)", "+txtName"}},
-             Case{Qt::Key_W, Qt::AltModifier, {"18/4", "-txtName", "+chkOwn", "own 0"}},
-             Case{Qt::Key_C, Qt::ControlModifier, {"17/2", "copy"}},
-         }) {
-        Key(c.Key, c.Modifiers);
-        EXPECT_EQ(Said(), c.Expected) << c.Key;
+    for (const auto& [key, modifiers, said] : cases) {
+        Key(key, modifiers);
+        EXPECT_EQ(Said(), said) << key;
     }
     EXPECT_FALSE(Form.optKind(2).Value);
     QKeyEvent ring(QEvent::KeyPress, Qt::Key_Aring, {}, "å");
@@ -97,7 +92,6 @@ TEST_F(WindowTest, KeysReachTheFormFirstAndLeadTheFocusAndPress) {
     Key(Qt::Key_C, Qt::ControlModifier);
     Key(Qt::Key_Return);
     EXPECT_EQ(Said(), Log{});
-    EXPECT_FALSE(WidgetOf<QPushButton>(Form.cmdOk)->isDefault());
     EXPECT_EQ(Window->findChild<QMenuBar*>()->actions().front()->text(), "&Redigera");
     Key(Qt::Key_Escape);
     EXPECT_FALSE(Form.IsLoaded());
@@ -115,12 +109,12 @@ TEST_F(WindowTest, TheFormDecidesWhereTheFocusIs) {
     // A control that is switched off gives the focus back to the first one; switched off and on again, it
     // keeps it.
     Form.txtName.GotFocus = nullptr;
-    Form.chkOwn.Enabled = false;
-    Form.chkOwn.Enabled = true;
-    QApplication::processEvents();
-    EXPECT_EQ(Form.ActiveControl(), &Form.chkOwn);
-    Form.chkOwn.Enabled = false;
-    QApplication::processEvents();
+    for (const bool on : {true, false}) {
+        Form.chkOwn.Enabled = false;
+        Form.chkOwn.Enabled = on;
+        QApplication::processEvents();
+        EXPECT_EQ(Form.ActiveControl() == &Form.chkOwn, on);
+    }
     EXPECT_EQ(Form.ActiveControl(), &Form.txtName);
 }
 
@@ -161,7 +155,7 @@ TEST_F(WindowTest, AButtonUnderAnotherIsOutOfReach) {
     EXPECT_TRUE(Form.cmdOk.Reachable());
 }
 
-TEST_F(WindowTest, ChangesOfTheFormAreNoInput) {
+TEST_F(WindowTest, ChangesOfTheFormAreNoInputAndTheRunEndsWithTheLastWindow) {
     Form.chkOwn.Value = 1;
     Form.optKind(0).Value = true;
     Form.txtName.Text = "x";
@@ -171,6 +165,11 @@ TEST_F(WindowTest, ChangesOfTheFormAreNoInput) {
     EXPECT_EQ(Said(), (Log{"own 1", "kind 0"}));
     EXPECT_EQ(Form.Changes, 1);
     EXPECT_EQ(WidgetOf<QLineEdit>(Form.txtName)->text(), "x");
+
+    QTimer::singleShot(0, Window, &QWidget::close);
+    S.Desktop.Run();
+    EXPECT_FALSE(Form.IsLoaded());
+    S.Desktop.Run();  // with no window there is nothing to run
 }
 
 TEST_F(WindowTest, AModalWindowHoldsItsCallerUntilItIsUnloaded) {
@@ -199,13 +198,6 @@ TEST_F(WindowTest, AModalWindowHoldsItsCallerUntilItIsUnloaded) {
         QApplication::processEvents();
         EXPECT_EQ(Said(), (Log{"activate", "+txtName"}));
     }
-}
-
-TEST_F(WindowTest, TheRunEndsWithTheLastWindow) {
-    QTimer::singleShot(0, Window, &QWidget::close);
-    S.Desktop.Run();
-    EXPECT_FALSE(Form.IsLoaded());
-    S.Desktop.Run();  // with no window there is nothing to run
 }
 
 TEST_F(WindowTest, AFailureInAModalWindowEndsAllLoops) {
@@ -238,14 +230,12 @@ TEST_F(WindowTest, ALargerFontEnlargesTheWindowAlike) {
     QFont large = before;
     large.setPointSizeF(before.pointSizeF() * 1.5);
     const double factor = static_cast<double>(QFontMetrics(large).height()) / QFontMetrics(before).height();
-    const auto enlarged = [factor](const QWidget* widget, int width) {
-        return [=] { return std::abs(widget->width() - width * factor) <= 1; };
-    };
-    const auto windowIs = enlarged(Window, Window->width());
-    const auto buttonIs = enlarged(button, button->width());
     const QSize size = Window->size();
+    const double widths[] = {size.width() * factor, button->width() * factor};
     QApplication::setFont(large);
-    EXPECT_TRUE(QTest::qWaitFor(windowIs) && QTest::qWaitFor(buttonIs));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return std::abs(Window->width() - widths[0]) <= 1 && std::abs(button->width() - widths[1]) <= 1;
+    }));
     EXPECT_EQ(Form.ClientWidth(), client);
     EXPECT_EQ(Said(), Log{});
     QApplication::setFont(before);

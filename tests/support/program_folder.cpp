@@ -3,12 +3,7 @@
 
 #include "support/program_folder.h"
 
-#ifndef _WIN32
-#include <unistd.h>
-#endif
-
 #include <algorithm>
-#include <cstdlib>
 
 #include "platform/files/files.h"
 #include "platform/text/codepage.h"
@@ -94,19 +89,6 @@ void ProgramFolder::Change(std::string_view sql) const {
     platform::Store store(Database(), kPassword, platform::Store::Access::Exclusive);
     store.Execute(sql);
     store.Close();
-}
-
-void WithoutPrivileges(const std::function<void()>& action) {
-#ifndef _WIN32
-    constexpr uid_t nobody = 65534;
-    const bool dropped = geteuid() == 0 && seteuid(nobody) == 0;
-    action();
-    if (dropped && seteuid(0) != 0) {
-        std::abort();
-    }
-#else
-    action();
-#endif
 }
 
 }  // namespace test

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,8 +33,5 @@ class ProgramFolder {
   private:
     TestFolder folder_;
 };
-
-/// Runs something with no more power than the rights of the files allow.
-void WithoutPrivileges(const std::function<void()>& action);
 
 }  // namespace test

@@ -56,6 +56,14 @@ Strings Session::Ask(const std::string& statement) {
     return values;
 }
 
+void ExpectListFollows(platform::Form& form, const platform::ListView& list,
+                       const std::vector<std::array<int, 5>>& cases) {
+    for (const auto& [width, height, state, listWidth, listHeight] : cases) {
+        form.InputResize(width, height, state);
+        EXPECT_EQ(std::pair(list.Width.Get(), list.Height.Get()), std::pair(listWidth, listHeight)) << width;
+    }
+}
+
 namespace {
 template <class Text>
 Strings Collect(int count, Text text) {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -75,6 +76,10 @@ Strings Columns(const platform::ListView& list);
 Strings Entries(const platform::LineList& list);
 /// The user chooses the entry that begins so.
 void Choose(platform::ComboBox& list, std::string_view beginning);
+
+/// Gives a window each size, {width, height, state}, and expects that of its list behind it, {width, height}.
+void ExpectListFollows(platform::Form& form, const platform::ListView& list,
+                       const std::vector<std::array<int, 5>>& cases);
 
 /// A key that types a character: Enter or Esc.
 inline void Press(platform::Form& form, int key) {

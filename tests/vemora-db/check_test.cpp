@@ -5,7 +5,6 @@
 
 #include <array>
 #include <regex>
-#include <sstream>
 
 #include "vemora-db/check_parts.h"
 #include "vemora-db/publisher.h"
@@ -177,11 +176,10 @@ TEST(Password, ComesFromAFileAndIsNeverInTheFile) {
     publisher.Write("empty", "\n");
     ASSERT_EQ(publisher.Run({"create", "/data", "/own.mdb", "--password-file", "/secret"}).Exit,
               Status::Fine);
-    const std::pair<const char*, Status> cases[] = {{"/secret", Status::Fine},
-                                                    {"/wrong", Status::Failed},
-                                                    {"/missing", Status::Failed},
-                                                    {"/empty", Status::WrongUsage}};
-    for (const auto& [file, exit] : cases) {
+    for (const auto& [file, exit] : {std::pair{"/secret", Status::Fine},
+                                     {"/wrong", Status::Failed},
+                                     {"/missing", Status::Failed},
+                                     {"/empty", Status::WrongUsage}}) {
         EXPECT_EQ(publisher.Run({"check", "/own.mdb", "--password-file", file}).Exit, exit) << file;
     }
     const Outcome outcome = publisher.Run({"check", "/own.mdb"});

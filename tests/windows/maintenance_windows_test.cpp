@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <sstream>
 
 #include "maintenance/frmUChemicals.h"
@@ -46,16 +45,14 @@ struct OneWindow : test::Session {
         }
         Folder.Change(all);
         Start();
-        before_ = Database();
+        before_ = All();
         Form = &dynamic_cast<RecordWindow&>((Core.Windows.*kept.Window)());
         Do("Open");
     }
     ~OneWindow() {
         Form->InputClose();
         Main().InputClose();
-        platform::Store store(Folder.Database(), test::kPassword, platform::Store::Access::ReadOnly);
-        platform::Statement check = store.Prepare("PRAGMA integrity_check");
-        EXPECT_TRUE(check.Step() && check.Text(0) == "ok");
+        EXPECT_TRUE(test::IsSound(Folder.Database()));
     }
     static std::string On(const Kept& kept, const std::string& sql) {
         return platform::Replace(platform::Replace(sql, "$t", kept.Table), "$n", kept.Name);
@@ -129,8 +126,8 @@ struct OneWindow : test::Session {
     /// "Glas=1 Trä=2 ": the lines with the rows behind them.
     std::string Lines() {
         std::string lines;
-        for (int i = 0; i < Form->lst.ListCount(); ++i) {
-            lines += Form->lst.List(i) + "=" + std::to_string(Form->lst.ItemData(i)) + " ";
+        for (const std::string& line : test::Entries(Form->lst)) {
+            lines += line + " ";
         }
         return lines;
     }
@@ -144,41 +141,25 @@ struct OneWindow : test::Session {
     }
     bool NothingSeen() { return Seen().starts_with("-1:") && Seen().find_first_not_of('|', 3) + 1 == 0; }
     /// What has become of the database since the last call: "Misc|2|Ek|Röd|Oak||-1|-1 " is new or changed,
-    /// and of "-Misc|2| " nothing is left. Formulas in rich text are left out.
+    /// and of "-Misc|2| " nothing is left.
     std::string Changes() {
-        const std::set<std::string> now = Database();
+        const Strings before = std::exchange(before_, All());
         std::string changes;
-        for (const std::string& row : now) {
-            changes += before_.erase(row) == 0 ? row + " " : "";
+        for (const std::string& row : test::Less(before_, before)) {
+            changes += row + " ";
         }
-        for (const std::string& row : before_) {
+        for (const std::string& row : test::Less(before, before_)) {
             const std::string key = row.substr(0, row.find('|', row.find('|') + 1) + 1);
             changes += changes.find(key) == std::string::npos ? "-" + key + " " : "";
         }
-        before_ = now;
         return changes;
-    }
-    std::set<std::string> Database() {
-        std::set<std::string> rows;
-        for (const std::string table : {"Chemical", "Conc", "Temp", "Metal", "Plast", "Tight", "Misc",
-                                        "relMetal", "relPlast", "relTight", "relMisc"}) {
-            platform::adodb::Recordset rs;
-            for (rs.Open("SELECT * FROM " + table, *Core.gCn); !rs.Eof(); rs.MoveNext()) {
-                std::string row = table;
-                for (const std::string& name : rs.FieldNames()) {
-                    row += "|" + (name == "FormulaRTF" ? "" : rs[name].Joined());
-                }
-                rows.insert(row);
-            }
-        }
-        return rows;
     }
 
     RecordWindow* Form = nullptr;
 
   private:
     const Kept& kept_;
-    std::set<std::string> before_;
+    Strings before_;
 };
 
 TEST(Maintenance, RecordsAreListedAddedChangedAndDeleted) {
@@ -208,8 +189,7 @@ TEST(Maintenance, RecordsAreListedAddedChangedAndDeleted) {
          "Chemical|6|||Åska|B|C|tS|tE|tG|nS|nE|nG|-1|-1 "},
         {kChemical, "English", "Äkta soda=5 Bensin=4 Hydrochloric acid=1 Steam oil=3 Sulphuric acid=2 ",
          saltsyra, "Äkta soda=5 Bensin=4 Saltsyra=1 ångolja=3 Svavelsyra=2 ", "Add;3=Only;Update",
-         "Chemical|6||||Only||||||||-1|-1 "},
-    };
+         "Chemical|6||||Only||||||||-1|-1 "}};
     for (const auto& [window, language, lines, shown, refreshed, steps, changes] : cases) {
         SCOPED_TRACE(std::string(window.Table) + " " + language);
         OneWindow run(window, language);
@@ -314,8 +294,7 @@ TEST(Maintenance, WhatTheStoreRefusesHoldsNothingUp) {
         {"Add;N=bad;Update;Cancel;Refresh;#1;Close", 1, false},
         // Somebody else has been faster.
         {"#2;Edit;!UPDATE $t SET ID = 9 WHERE ID = 2;N=x;Update;Cancel;#1;Refresh;#9;Close", 1, true},
-        {"#9;!UPDATE $t SET ID = 8 WHERE ID = 9;Yes;Delete;#8;Close", 1, true},
-    };
+        {"#9;!UPDATE $t SET ID = 8 WHERE ID = 9;Yes;Delete;#8;Close", 1, true}};
     for (const Kept* window : kAll) {
         OneWindow run(*window, "Svenska", store);
         for (const auto& [steps, boxes, changes] : cases) {
@@ -376,8 +355,9 @@ TEST(Maintenance, AFormulaIsKeptAsPlainAndAsRichText) {
     run.Do("Add");
     EXPECT_TRUE(!formula.Locked && formula.PlainText().empty());
     formula.SetRichText(R"({\rtf1 H{\sub 2}O})");
+    const std::string rich = formula.RichText();
     run.Do("2=éter;Update");
-    EXPECT_EQ(run.Changes(), "Chemical|6|H2O||Éter|||||||||-1|-1 ");
+    EXPECT_EQ(run.Changes(), "Chemical|6|H2O|" + rich + "|Éter|||||||||-1|-1 ");
     run.Do("#6;Edit");
     EXPECT_EQ(formula.Content(), (platform::RichText{{"H"}, {"2", platform::Run::Sub}, {"O"}}));
     formula.SetPlainText("Kn");
@@ -422,7 +402,7 @@ TEST(Maintenance, TheEditModeUnlocksDeliveredRecordsInEveryWindow) {
         EXPECT_EQ(run.Do("#1;Yes;Delete;Close;Open;Add;Cancel"), kOwn);  // no record chosen yet
         EXPECT_EQ(run.Changes(),
                   "-" + std::string(window->Table) +
-                      (chemicals ? "|1| -relMetal|1| -relMisc|1| -relPlast|1| -relTight|1| " : "|1| "));
+                      (chemicals ? "|1| -relMetal|1| -relPlast|1| -relTight|1| -relMisc|1| " : "|1| "));
         EXPECT_EQ(run.Boxes().size(), 1U);
     }
 }
