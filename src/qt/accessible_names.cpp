@@ -56,18 +56,28 @@ QString AccessibleName(const platform::Control& control) {
     }
     QString name;
     const bool picture = dynamic_cast<const platform::Image*>(&control) != nullptr;
-    const bool labelled =
-        (control.TakesFocus() && !picture) || dynamic_cast<const platform::oFormula*>(&control) != nullptr;
+    const bool labelled = (control.TakesFocus() && !picture) ||
+                          dynamic_cast<const platform::oFormula*>(&control) != nullptr ||
+                          dynamic_cast<const platform::RichTextBox*>(&control) != nullptr;
     if (const platform::Label* label = labelled ? NearestLabel(control) : nullptr) {
         name = read(label->Caption);
     } else {
         name = QString::fromStdString(control.ToolTipText);
+    }
+    // What fills a page is called after it.
+    const auto* const pages = dynamic_cast<const platform::SSTab*>(control.Container());
+    if (name.isEmpty() && pages != nullptr) {
+        name = read(pages->TabCaption(control.Page()));
     }
     // A picture without words of its own belongs to the window as a whole.
     if (name.isEmpty() && picture) {
         name = QString::fromStdString(control.Parent().Caption);
     }
     // A formula that is only drawn can't be walked through: its name has to say what it is.
+    const auto* const shown = dynamic_cast<const platform::RichTextBox*>(&control);
+    if (shown != nullptr) {
+        name = (name + ' ' + QString::fromStdString(platform::PlainText(shown->Content()))).trimmed();
+    }
     const auto* const formula = dynamic_cast<const platform::oFormula*>(&control);
     if (formula != nullptr && formula->Locked) {
         name = (name + ' ' + QString::fromStdString(formula->PlainText())).trimmed();

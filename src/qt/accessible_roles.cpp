@@ -3,7 +3,9 @@
 
 #include "qt/accessible_roles.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
+#include <QRadioButton>
 #include <memory>
 
 #include "qt/form_window.h"
@@ -13,24 +15,61 @@ namespace qt {
 
 namespace {
 
-class Widget final : public QAccessibleWidget {
+class AccessiblePicture final : public QAccessibleWidget {
   public:
-    using QAccessibleWidget::QAccessibleWidget;
+    explicit AccessiblePicture(QWidget* picture) : QAccessibleWidget(picture, QAccessible::Graphic) {}
 };
 
+class AccessibleWindow final : public QAccessibleWidget {
+  public:
+    explicit AccessibleWindow(QWidget* window) : QAccessibleWidget(window) {}
+    QAccessible::Role role() const override {
+        return widget()->isModal() ? QAccessible::Dialog : QAccessible::Window;
+    }
+};
+
+/// The toolkit takes an option for a check box where it isn't the toolkit that turns the others off.
+class AccessibleOption final : public QAccessibleWidget {
+  public:
+    explicit AccessibleOption(QRadioButton* option)
+        : QAccessibleWidget(option, QAccessible::RadioButton), option_(option) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = option_->isChecked();
+        return state;
+    }
+    QStringList actionNames() const override { return {toggleAction(), setFocusAction()}; }
+    void doAction(const QString& action) override {
+        if (action == toggleAction() || action == pressAction()) {
+            option_->toggle();
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+
+  private:
+    QRadioButton* option_;
+};
+
+template <class Interface, class Widget>
+QAccessibleInterface* Given(Widget* widget) {
+    return std::make_unique<Interface>(widget).release();  // the toolkit keeps and frees what it gets
+}
+
 QAccessibleInterface* Make(const QString& type, QObject* object) {
-    auto* const widget = type == QLatin1String("QWidget") ? qobject_cast<QWidget*>(object) : nullptr;
-    if (widget == nullptr) {
+    if (type == QLatin1String("QRadioButton")) {
+        return Given<AccessibleOption>(static_cast<QRadioButton*>(object));
+    }
+    if (type != QLatin1String("QWidget")) {
         return nullptr;
     }
-    QAccessible::Role role = QAccessible::NoRole;
+    auto* const widget = static_cast<QWidget*>(object);
     if (dynamic_cast<FormWindow*>(widget) != nullptr) {
-        role = widget->isModal() ? QAccessible::Dialog : QAccessible::Window;
-    } else if (IsPicture(*widget)) {
-        role = QAccessible::Graphic;
+        return Given<AccessibleWindow>(widget);
     }
-    // The toolkit keeps and frees what it gets.
-    return role == QAccessible::NoRole ? nullptr : std::make_unique<Widget>(widget, role).release();
+    return IsPicture(*widget) ? Given<AccessiblePicture>(widget) : nullptr;
 }
 
 }  // namespace

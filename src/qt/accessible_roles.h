@@ -6,7 +6,7 @@
 namespace qt {
 
 /// Teaches the accessibility interfaces what the window system can't know of our widgets: that a window of
-/// the program is a window or a dialog, and a picture a picture. Once is enough.
+/// the program is a window or a dialog, a picture a picture, and an option a radio button. Once is enough.
 void InstallAccessibleRoles();
 
 }  // namespace qt

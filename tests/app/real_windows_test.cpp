@@ -3,9 +3,11 @@
 
 // The program's own windows on the real window system, driven by keyboard and mouse.
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabBar>
@@ -109,6 +111,44 @@ std::string InTabOrder(const platform::Form& form, const platform::Control* cont
     return names;
 }
 
+/// What a reader of the screen would miss: names, and roles of the control's own.
+test::Log Unspoken(QWidget* window, const platform::Form& form) {
+    static const std::map<std::string_view, QAccessible::Role> roles = {
+        {"CommandButton", QAccessible::Button},
+        {"CheckBox", QAccessible::CheckBox},
+        {"OptionButton", QAccessible::RadioButton},
+        {"TextBox", QAccessible::EditableText},
+        {"ComboBox", QAccessible::ComboBox},
+        {"ListView", QAccessible::Tree},
+        {"ListBox", QAccessible::Tree},
+        {"Image", QAccessible::Graphic},
+        {"Label", QAccessible::StaticText},
+        {"Frame", QAccessible::Grouping},
+        {"oFormula", QAccessible::EditableText},
+        {"RichTextBox", QAccessible::EditableText}};
+    test::Log missing;
+    const auto check = [&](const std::string& name, QWidget* widget, QAccessible::Role role) {
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
+        if (spoken->role() != role) {
+            missing.push_back(name + " has role " + std::to_string(spoken->role()));
+        }
+        const auto* label = qobject_cast<QLabel*>(widget);
+        if (spoken->text(QAccessible::Name).isEmpty() && (label == nullptr || !label->text().isEmpty())) {
+            missing.push_back(name + " has no name");
+        }
+    };
+    check(form.Name(), window, form.Name() == "frmMain" ? QAccessible::Window : QAccessible::Dialog);
+    for (const platform::Control* control : form.Controls()) {
+        auto* widget = window->findChild<QWidget*>(QString::fromStdString(control->FullName()));
+        if (widget != nullptr && widget->isVisible() && roles.contains(control->TypeName())) {
+            check(control->FullName(), widget,
+                  control->TypeName() == "Image" && control->TakesFocus() ? QAccessible::Button
+                                                                          : roles.at(control->TypeName()));
+        }
+    }
+    return missing;
+}
+
 class EveryText : public testing::TestWithParam<std::tuple<std::string, double>> {
   protected:
     void SetUp() override {
@@ -164,6 +204,7 @@ TEST_P(EveryText, FitsItsPlace) {
             }
             run.Desktop.Flush();
             form->FirstReachable()->SetFocus();
+            EXPECT_EQ(Unspoken(shown, *form), test::Log{});
             EXPECT_EQ(TabRound(shown), InTabOrder(*form));
             shown->close();
         });

@@ -4,12 +4,13 @@
 // An import that is killed at some moment: kill_test TIMES. Each time the database must open, be sound, and
 // hold every line whose writing had returned.
 
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
+#include <ctime>
 
 #include "platform/test_database.h"
 #include "platform/text/text.h"
@@ -38,9 +39,15 @@ int Import(const test::TestDatabase& database, int told, double after) {
         std::fprintf(stderr, "%s\n", error.what());
         std::_Exit(3);
     });
-    const itimerval timer{{},
-                          {static_cast<time_t>(after), static_cast<suseconds_t>(after * 1e6) % 1'000'000}};
-    ::setitimer(ITIMER_REAL, &timer, nullptr);
+    sigevent kill{};
+    kill.sigev_notify = SIGEV_SIGNAL;
+    kill.sigev_signo = SIGKILL;
+    timer_t timer{};
+    const itimerspec when{{}, {static_cast<time_t>(after), static_cast<long>(after * 1e9) % 1'000'000'000}};
+    if (::timer_create(CLOCK_MONOTONIC, &kill, &timer) != 0 ||
+        ::timer_settime(timer, 0, &when, nullptr) != 0) {
+        std::_Exit(5);
+    }
     for (int i = 0; ::write(told, ".", 1) == 1 && i < kChemicals * kLines; ++i) {
         const std::string id = std::to_string(i / kLines + 1);
         if (i % kLines == 0) {
