@@ -98,6 +98,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (adapter == nullptr) {
         return false;
     }
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        adapter->Widget()->update();  // the frame of a list or a text tells it, too
+    }
     if (event->type() == QEvent::FocusIn) {
         // Where the keyboard is shows at once, not only after the first Tab.
         setAttribute(Qt::WA_KeyboardFocusChange);

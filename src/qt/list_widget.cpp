@@ -173,6 +173,7 @@ void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& p
     if (hasFocus()) {
         QTreeView::currentChanged(current, previous);
     } else {
+        // The tree's own would tell of it. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QAbstractItemView::currentChanged(current, previous);
         viewport()->update();
     }
