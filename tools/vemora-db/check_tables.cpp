@@ -10,7 +10,7 @@
 #include <sstream>
 #include <string>
 
-#include "platform/text/collation.h"
+#include "platform/text/fold.h"
 #include "vemora-db/check_parts.h"
 
 namespace vemora_db {
@@ -50,8 +50,9 @@ class Names {
         if (name.empty()) {
             return;
         }
-        // Of the keys only their hashes are kept: at 64 bits two different names don't meet.
-        const auto [first, added] = seen_.emplace(std::hash<std::string>()(platform::SortKey(name)), row);
+        // Of the folded names only their hashes are kept: at 64 bits two different names don't meet.
+        platform::Fold(name, folded_);
+        const auto [first, added] = seen_.emplace(std::hash<std::string>()(folded_), row);
         if (!added) {
             findings_.Add(
                 Severity::Warning, what_, where_,
@@ -65,6 +66,7 @@ class Names {
     std::string where_;
     RowName rowName_;
     std::unordered_map<std::uint64_t, std::int64_t> seen_;
+    std::string folded_;
 };
 
 /// Reads the rows of one table and checks what all tables have in common. Texts that stand for one another in
@@ -232,7 +234,9 @@ void CheckMaterials(platform::Store& store, Contents& contents, Findings& findin
         const int name = check.Place("Name");
         while (check.Next()) {
             contents.Materials[i].push_back(check.ID());
-            if (keys.insert(platform::SortKey(check.Text(name))).second) {
+            std::string key;
+            platform::Fold(check.Text(name), key);
+            if (keys.insert(std::move(key)).second) {
                 rows.push_back(std::string(one.Name) + " " + std::to_string(check.ID()));
                 everywhere.Add(check.Text(name), static_cast<std::int64_t>(rows.size()) - 1);
             }
