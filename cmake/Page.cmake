@@ -6,7 +6,7 @@ string(REPLACE "|" ";" SOURCES "${SOURCES}")
 set(body "")
 foreach(source IN LISTS SOURCES)
   execute_process(
-    COMMAND "${CONVERTER}" --extension table "${source}"
+    COMMAND "${CONVERTER}" --extension table --extension autolink "${source}"
     OUTPUT_VARIABLE part
     COMMAND_ERROR_IS_FATAL ANY)
   string(APPEND body "${part}")

@@ -212,7 +212,7 @@ keep() {
 
     # What takes part: the next page, its first row, and the save.
     open_from_menu m e "Selection: Concentration"
-    keys ctrl+Next Tab Tab Down space
+    keys ctrl+Next Tab Down space
     picture "$language-9-settings"
     keys alt+o
     wait_for "the end of the settings" active_is "$main_title"

@@ -9,6 +9,7 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
@@ -252,6 +253,9 @@ int QtDesktop::MsgBox(const std::string& text, int flags, const std::optional<st
     box.setTextFormat(Qt::PlainText);
     box.setText(Clean(QString::fromStdString(text), true));
     box.setIcon(IconOf(flags));
+    if (auto* const label = box.findChild<QLabel*>("qt_msgbox_label")) {
+        label->setContentsMargins(0, 0, 0, 2);  // for what hangs below the last line
+    }
     int answer = platform::msg::AnswerOk;
     if (AsksYesNo(flags)) {
         auto* yes = box.addButton(ButtonText("&Yes"), QMessageBox::YesRole);

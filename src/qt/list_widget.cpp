@@ -118,6 +118,12 @@ void ListWidget::keyPressEvent(QKeyEvent* event) {
         emit SortBy(key - Qt::Key_1);
         return;
     }
+    // The row that has the keyboard once more, as by a click on it; where there are boxes, Space ticks.
+    if (key == Qt::Key_Space && currentIndex().isValid() && selectionModel()->isSelected(currentIndex()) &&
+        !currentIndex().siblingAtColumn(0).flags().testFlag(Qt::ItemIsUserCheckable)) {
+        emit Chosen(currentIndex().row());
+        return;
+    }
     const bool towards =
         key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_Home || key == Qt::Key_PageUp;
     if (towards && currentIndex().isValid() && !selectionModel()->hasSelection()) {

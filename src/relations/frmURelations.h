@@ -46,11 +46,11 @@ class frmURelations final : public Window {
     platform::ListView lvwTight{*this, "lvwTight", OnPage(2)};
     platform::ListView lvwMisc{*this, "lvwMisc", OnPage(3)};
     platform::Label Text1{
-        *this, "Text1", {.Left = 4200, .Top = 5550, .Width = 1560, .Height = 255, .Tag = "R0295"}};
-    platform::Label txtEgen{*this, "txtEgen", OwnMark(5760, 5550, 2400)};
+        *this, "Text1", {.Left = 4200, .Top = 5550, .Width = 900, .Height = 255, .Tag = "R0295"}};
+    platform::Label txtEgen{*this, "txtEgen", OwnMark(5160, 5550, 1800)};
     platform::Label txtKopplad{*this,
                                "txtKopplad",
-                               {.Left = 8220,
+                               {.Left = 7020,
                                 .Top = 5550,
                                 .Width = 2400,
                                 .Height = 255,

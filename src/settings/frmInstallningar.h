@@ -16,12 +16,6 @@ class frmInställningar final : public Window {
   public:
     explicit frmInställningar(mMain& main);
 
-    platform::Label lblLang{
-        *this,
-        "lblLang",
-        {.Left = 120, .Top = 180, .Width = 1620, .Height = 255, .Caption = "Language/Språk"}};
-    platform::ComboBox cboLang{
-        *this, "cboLang", {.Left = 1800, .Top = 135, .Width = 2640, .Height = 345, .Tag = "R0338"}};
     platform::ControlArray<platform::Label> lblLabels{
         *this, "lblLabels", {{1, {.Left = 120, .Top = 645, .Width = 7860, .Height = 255, .Tag = "R0178"}}}};
     platform::SSTab SSTab1{*this,
@@ -47,6 +41,13 @@ class frmInställningar final : public Window {
         *this,
         "cmdStäng",
         {.Left = 7905, .Top = 5880, .Width = 1335, .Height = 405, .Tag = "R0171", .Cancel = true}};
+    // Last in the order: what is chosen here is chosen at once, so that the keyboard doesn't begin with it.
+    platform::Label lblLang{
+        *this,
+        "lblLang",
+        {.Left = 120, .Top = 180, .Width = 1620, .Height = 255, .Caption = "Language/Språk"}};
+    platform::ComboBox cboLang{
+        *this, "cboLang", {.Left = 1800, .Top = 135, .Width = 2640, .Height = 345, .Tag = "R0338"}};
     platform::Image imgBild{
         *this, "imgBild", {.Left = 8160, .Top = 120, .Width = 1080, .Height = 720, .Picture = "settings"}};
 

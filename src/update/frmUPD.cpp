@@ -40,6 +40,10 @@ void frmUPD::Importera() {
     Knappar(false);
     const std::string received = Inet.OpenURL(Adress());
     Inet.Cancel();
+    if (received.find('\0') != std::string::npos) {
+        throw Error(platform::errors::WrongType, "Fetching the update file failed: what has come is no text.",
+                    "update");
+    }
     if (received.empty()) {
         Screen().MsgBox(TextTillAndra("R0074") + "\r\n\r\n" + TextTillAndra("R0075") + "\r\n\r\n" +
                             TextTillAndra("R0076"),

@@ -139,6 +139,17 @@ struct Request {
     Fail(errors::BadReply, request.Url, curl_easy_strerror(code));
 }
 
+/// Whether the bytes are those of a web page, whatever type the server gives them.
+bool BeginsAsPage(std::string_view bytes) {
+    const auto begin = bytes.find_first_of('<');
+    if (begin == std::string_view::npos ||
+        bytes.substr(0, begin).find_first_not_of("\xEF\xBB\xBF \t\r\n") != std::string_view::npos) {
+        return false;
+    }
+    const std::string first = LCase(bytes.substr(begin, 14));
+    return first.starts_with("<!doctype html") || first.starts_with("<html");
+}
+
 /// Runs a request to its end, with turns for whoever waits.
 CURLcode Run(CURL* easy, Request& request, const Inet& inet) {
     auto turn = Clock::now();
@@ -236,8 +247,9 @@ std::string Inet::OpenURL(const std::string& address) {
         }
         const char* type = nullptr;
         curl_easy_getinfo(easy.get(), CURLINFO_CONTENT_TYPE, &type);
-        if (type != nullptr && !request.Received.empty() &&
-            LCase(Trim(std::string_view(type))).starts_with("text/html")) {
+        if ((type != nullptr && !request.Received.empty() &&
+             LCase(Trim(std::string_view(type))).starts_with("text/html")) ||
+            BeginsAsPage(request.Received)) {
             Fail(errors::WrongType, url,
                  "the reply is a web page and not the file, as where a network asks to sign in first");
         }
