@@ -46,7 +46,7 @@ void FormWindow::SizeForDesign(const QWidget* owner) {
         return;
     }
     // On a screen that is too small for what it was drawn for, it isn't made smaller than that.
-    canvas_->setMinimumSize(least.boundedTo(room) == least ? QSize() : least);
+    canvas_->setMinimumSize(least.boundedTo(room) == least ? QSize(0, 0) : least);
     constexpr int kLeastWidth = 3600;
     constexpr int kLeastHeight = 2700;
     const int leastWidth = scale_.Px(std::min(design.ClientWidth, kLeastWidth));
