@@ -6,6 +6,7 @@
 #include <map>
 #include <regex>
 #include <set>
+#include <tuple>
 
 #include "rules/sources.h"
 
@@ -74,32 +75,23 @@ bool MayInclude(const std::string& file, const std::string& include, bool system
 }
 
 TEST(IncludeRule, TellsWhatIsForbidden) {
-    const struct {
-        const char *File, *Include;
-        bool System, Allowed;
-    } cases[] = {{"platform/store/store.cpp", "sqlite3.h", true, true},
-                 {"platform/error.h", "platform/text/text.h", false, false},
-                 {"platform/text/like.cpp", "platform/error.h", false, true},
-                 {"platform/store/store.cpp", "platform/text/like.h", false, true},
-                 {"platform/store/store.cpp", "platform/adodb/adodb.h", false, false},
-                 {"platform/richtext/rtf.h", "platform/forms/form.h", false, false},
-                 {"platform/forms/desktop.h", "core/mMain.h", false, false},
-                 {"platform/forms/form.cpp", "QString", true, false},
-                 {"core/mMain.cpp", "texts/mTexter.h", false, true},
-                 {"core/mMain.cpp", "texts/frmLang.h", false, false},
-                 {"core/mMain.cpp", "search/frmMain.h", false, false},
-                 {"search/frmMain.cpp", "sheet/frmChemical.h", false, true},
-                 {"search/frmMain.cpp", "qt/desktop.h", false, false},
-                 {"sheet/frmChemical.cpp", "search/frmMain.h", false, false},
-                 {"update/frmUPD.cpp", "settings/frmInstallningar.h", false, false},
-                 {"update/frmUPD.cpp", "curl/curl.h", true, false},
-                 {"qt/desktop.cpp", "QApplication", true, true},
-                 {"qt/desktop.cpp", "search/frmMain.h", false, false},
-                 {"app/program.cpp", "search/frmMain.h", false, true},
-                 {"app/program.cpp", "QApplication", true, false},
-                 {"app/main.cpp", "qt/desktop.h", false, true}};
-    for (const auto& [file, include, system, allowed] : cases) {
-        EXPECT_EQ(MayInclude(file, include, system), allowed) << file << " " << include;
+    // That the rest is allowed, the sources themselves show.
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"platform/error.h", "platform/text/text.h", false},
+        {"platform/store/store.cpp", "platform/adodb/adodb.h", false},
+        {"platform/richtext/rtf.h", "platform/forms/form.h", false},
+        {"platform/forms/desktop.h", "core/mMain.h", false},
+        {"platform/forms/form.cpp", "QString", true},
+        {"core/mMain.cpp", "texts/frmLang.h", false},
+        {"core/mMain.cpp", "search/frmMain.h", false},
+        {"search/frmMain.cpp", "qt/desktop.h", false},
+        {"sheet/frmChemical.cpp", "search/frmMain.h", false},
+        {"update/frmUPD.cpp", "settings/frmInstallningar.h", false},
+        {"update/frmUPD.cpp", "curl/curl.h", true},
+        {"qt/desktop.cpp", "search/frmMain.h", false},
+        {"app/program.cpp", "QApplication", true}};
+    for (const auto& [file, include, system] : cases) {
+        EXPECT_FALSE(MayInclude(file, include, system)) << file << " " << include;
     }
 }
 
