@@ -15,6 +15,8 @@ namespace {
 
 using test::Strings;
 
+constexpr const char* kTables[] = {"Conc", "Metal", "Plast", "Temp", "Tight", "Misc"};
+
 class Settings : public testing::Test {
   protected:
     void Open(const std::function<void(frmInställningar&)>& piece) {
@@ -37,26 +39,38 @@ class Settings : public testing::Test {
         }
         return ticks;
     }
+    /// A name and what belongs to it: "Conc 1 3".
+    static std::string Joined(std::string name, const Strings& lines) {
+        for (const std::string& line : lines) {
+            name += " " + line;
+        }
+        return name;
+    }
     /// What takes part, by table.
     Strings Saved() {
         Strings all;
-        for (const std::string table : {"Conc", "Metal", "Plast", "Temp", "Tight", "Misc"}) {
-            std::string row = table;
-            for (const std::string& id : Run.Ask("SELECT ID FROM " + table + " WHERE Med = -1 ORDER BY ID")) {
-                row += " " + id;
-            }
-            all.push_back(row);
+        for (const std::string table : kTables) {
+            all.push_back(Joined(table, Run.Ask("SELECT ID FROM " + table + " WHERE Med = -1 ORDER BY ID")));
         }
         return all;
+    }
+    /// Page by page marks none and then the row; or all, with a row less than 0. It isn't saved.
+    static void Mark(frmInställningar& w, const std::array<int, 6>& rows) {
+        for (std::size_t tab = 0; tab < 6; ++tab) {
+            w.SSTab1.InputTab(static_cast<int>(tab));
+            w.cmdMarkera(rows[tab] < 0 ? 0 : 1).InputClick();
+            if (rows[tab] >= 0) {
+                Lists(w)[tab]->InputCheck({rows[tab]}, true);
+            }
+        }
     }
 
     // A row of this description can't be saved; what is saved is logged.
     static std::string Triggers() {
         std::string sql =
-            "CREATE TABLE Log(What TEXT); CREATE TRIGGER Refuse BEFORE UPDATE ON Metal WHEN old.Description "
-            "= "
-            "'vägrar' BEGIN SELECT RAISE(ABORT, 'no'); END;";
-        for (const std::string table : {"Conc", "Metal", "Plast", "Temp", "Tight", "Misc"}) {
+            "CREATE TABLE Log(What TEXT); CREATE TRIGGER Refuse BEFORE UPDATE ON Metal "
+            "WHEN old.Description = 'vägrar' BEGIN SELECT RAISE(ABORT, 'no'); END;";
+        for (const std::string table : kTables) {
             sql += "CREATE TRIGGER Log" + table + " AFTER UPDATE ON " + table +
                    " BEGIN INSERT INTO Log VALUES('" + table + "'); END;";
         }
@@ -93,11 +107,7 @@ TEST_F(Settings, TicksFollowTheTablesAndReachThemBySaving) {
     EXPECT_EQ(Run.Desktop.Logged("pointer"), Strings{});
 
     Open([&](frmInställningar& w) {
-        for (int tab = 0; tab < 6; ++tab) {
-            w.SSTab1.InputTab(tab);
-            w.cmdMarkera(1).InputClick();
-            Lists(w)[static_cast<std::size_t>(tab)]->InputCheck({tab == 5 ? 1 : 0}, true);
-        }
+        Mark(w, {0, 0, 0, 0, 0, 1});
         EXPECT_EQ(w.Caption, "Urval: Övrigt");
         // A sort keeps the tick on its row, and each list has a direction of its own.
         for (platform::ListView* list : {&w.lvwMetal, &w.lvwConcentrations}) {
@@ -167,12 +177,7 @@ TEST_F(Settings, AChangeThatIsNotSavedIsAskedAboutInEveryOpeningToCome) {
 TEST_F(Settings, TheChoiceReachesEachReaderAtItsNextOpening) {
     const auto readers = [&] {
         Strings all;
-        const auto add = [&](const std::string& name, const Strings& lines) {
-            all.push_back(name + ":");
-            for (const std::string& line : lines) {
-                all.back() += " " + line;
-            }
-        };
+        const auto add = [&](const char* name, const Strings& lines) { all.push_back(Joined(name, lines)); };
         Run.OpenSheet(1, [&](frmChemical& sheet) {
             add("sheet", test::Entries(sheet.cboConc));
             add(sheet.lblFilter.Visible ? "filtered" : "all", test::Rows(sheet.lvwMaterial));
@@ -193,30 +198,23 @@ TEST_F(Settings, TheChoiceReachesEachReaderAtItsNextOpening) {
         Run.Main().mnuUTemperature.InputClick();
         return all;
     };
-    for (int tab = 0; tab < 6; ++tab) {
-        Open([&](frmInställningar& w) {
-            w.SSTab1.InputTab(tab);
-            w.cmdMarkera(0).InputClick();
-            w.cmdSpara.InputClick();
-        });
-    }
+    Open([&](frmInställningar& w) {
+        Mark(w, {-1, -1, -1, -1, -1, -1});
+        w.cmdSpara.InputClick();
+    });
     const Strings everything = readers();
     Open([&](frmInställningar& w) {
-        for (int tab = 0; tab < 6; ++tab) {
-            w.SSTab1.InputTab(tab);
-            w.cmdMarkera(1).InputClick();
-            Lists(w)[static_cast<std::size_t>(tab)]->InputCheck({0}, true);
-        }
+        Mark(w, {});
         w.cmdSpara.InputClick();
     });
     Strings chosen = readers();
     for (std::size_t i = 0; i < chosen.size(); ++i) {
         chosen[i] = chosen[i] == everything[i] ? "the same" : chosen[i];
     }
-    EXPECT_EQ(chosen, (Strings{"sheet: Alla koncentrationer=-1 10 %=1 50 %=4 koncentrerad=3",
-                               "filtered: 10 %|20ºC|+|Guld| (egen) 10 %|20ºC|+|Glas|Silikat (Övrigt) "
+    EXPECT_EQ(chosen, (Strings{"sheet Alla koncentrationer=-1 10 %=1 50 %=4 koncentrerad=3",
+                               "filtered 10 %|20ºC|+|Guld| (egen) 10 %|20ºC|+|Glas|Silikat (Övrigt) "
                                "koncentrerad|20ºC|-| NBR |Nitril (Tätning)",
-                               "relations: 20ºC=1", "metals: Guld|", "settings: K1+ K2- K3- K4- K3+ K1- K2-",
+                               "relations 20ºC=1", "metals Guld|", "settings K1+ K2- K3- K4- K3+ K1- K2-",
                                "the same", "the same"}));
 }
 
