@@ -149,8 +149,18 @@ test::Log Unspoken(QWidget* window, const platform::Form& form) {
         {"Frame", QAccessible::Grouping},
         {"oFormula", QAccessible::EditableText},
         {"RichTextBox", QAccessible::EditableText}};
+    const auto dialog = form.Name() == "frmMain" ? QAccessible::Window : QAccessible::Dialog;
+    std::vector<std::tuple<std::string, QWidget*, QAccessible::Role>> all = {{form.Name(), window, dialog}};
+    for (const platform::Control* control : form.Controls()) {
+        const std::string name = control->FullName();
+        if (auto* widget = window->findChild<QWidget*>(QString::fromStdString(name));
+            widget != nullptr && widget->isVisible() && roles.contains(control->TypeName())) {
+            const bool pressed = control->TypeName() == "Image" && control->TakesFocus();
+            all.emplace_back(name, widget, pressed ? QAccessible::Button : roles.at(control->TypeName()));
+        }
+    }
     test::Log missing;
-    const auto check = [&](const std::string& name, QWidget* widget, QAccessible::Role role) {
+    for (const auto& [name, widget, role] : all) {
         QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
         if (spoken->role() != role) {
             missing.push_back(name + " has role " + std::to_string(spoken->role()));
@@ -159,31 +169,19 @@ test::Log Unspoken(QWidget* window, const platform::Form& form) {
         if (spoken->text(QAccessible::Name).isEmpty() && (label == nullptr || !label->text().isEmpty())) {
             missing.push_back(name + " has no name");
         }
-    };
-    check(form.Name(), window, form.Name() == "frmMain" ? QAccessible::Window : QAccessible::Dialog);
-    for (const platform::Control* control : form.Controls()) {
-        auto* widget = window->findChild<QWidget*>(QString::fromStdString(control->FullName()));
-        if (widget != nullptr && widget->isVisible() && roles.contains(control->TypeName())) {
-            check(control->FullName(), widget,
-                  control->TypeName() == "Image" && control->TakesFocus() ? QAccessible::Button
-                                                                          : roles.at(control->TypeName()));
-        }
     }
     return missing;
 }
 
 class EveryText : public testing::TestWithParam<std::tuple<std::string, double>> {
   protected:
-    void SetUp() override {
-        before_ = QApplication::font();
+    EveryText() {
         QFont font = before_;
         font.setPointSizeF(before_.pointSizeF() * std::get<1>(GetParam()));
         QApplication::setFont(font);
     }
-    void TearDown() override { QApplication::setFont(before_); }
-
-  private:
-    QFont before_;
+    ~EveryText() override { QApplication::setFont(before_); }
+    const QFont before_ = QApplication::font();
 };
 
 TEST_P(EveryText, FitsItsPlace) {

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "maintenance/record_window.h"
 #include "platform/files/files.h"
-#include "relations/frmURelations.h"
 #include "settings/frmInstallningar.h"
 #include "support/session.h"
 #include "texts/mTexter.h"
@@ -39,30 +37,16 @@ class Settings : public testing::Test {
         }
         return ticks;
     }
-    /// A name and what belongs to it: "Conc 1 3".
-    static std::string Joined(std::string name, const Strings& lines) {
-        for (const std::string& line : lines) {
-            name += " " + line;
-        }
-        return name;
-    }
     /// What takes part, by table.
     Strings Saved() {
         Strings all;
         for (const std::string table : kTables) {
-            all.push_back(Joined(table, Run.Ask("SELECT ID FROM " + table + " WHERE Med = -1 ORDER BY ID")));
-        }
-        return all;
-    }
-    /// Page by page marks none and then the row; or all, with a row less than 0. It isn't saved.
-    static void Mark(frmInställningar& w, const std::array<int, 6>& rows) {
-        for (std::size_t tab = 0; tab < 6; ++tab) {
-            w.SSTab1.InputTab(static_cast<int>(tab));
-            w.cmdMarkera(rows[tab] < 0 ? 0 : 1).InputClick();
-            if (rows[tab] >= 0) {
-                Lists(w)[tab]->InputCheck({rows[tab]}, true);
+            all.push_back(table);
+            for (const std::string& id : Run.Ask("SELECT ID FROM " + table + " WHERE Med = -1 ORDER BY ID")) {
+                all.back() += " " + id;
             }
         }
+        return all;
     }
 
     // A row of this description can't be saved; what is saved is logged.
@@ -107,7 +91,11 @@ TEST_F(Settings, TicksFollowTheTablesAndReachThemBySaving) {
     EXPECT_EQ(Run.Desktop.Logged("pointer"), Strings{});
 
     Open([&](frmInställningar& w) {
-        Mark(w, {0, 0, 0, 0, 0, 1});
+        for (int tab = 0; tab < 6; ++tab) {
+            w.SSTab1.InputTab(tab);
+            w.cmdMarkera(1).InputClick();
+            Lists(w)[static_cast<std::size_t>(tab)]->InputCheck({tab == 5 ? 1 : 0}, true);
+        }
         EXPECT_EQ(w.Caption, "Urval: Övrigt");
         // A sort keeps the tick on its row, and each list has a direction of its own.
         for (platform::ListView* list : {&w.lvwMetal, &w.lvwConcentrations}) {
@@ -170,52 +158,6 @@ TEST_F(Settings, AChangeThatIsNotSavedIsAskedAboutInEveryOpeningToCome) {
     EXPECT_EQ(Run.Boxes().size(), 2U * 15);
     EXPECT_EQ(Saved(), before);
     EXPECT_EQ(Run.Desktop.Logged("pointer").back(), "pointer 0");
-}
-
-// The sheet and the relations leave out at their next opening what doesn't take part; the search, the
-// settings and the maintenance go on showing all.
-TEST_F(Settings, TheChoiceReachesEachReaderAtItsNextOpening) {
-    const auto readers = [&] {
-        Strings all;
-        const auto add = [&](const char* name, const Strings& lines) { all.push_back(Joined(name, lines)); };
-        Run.OpenSheet(1, [&](frmChemical& sheet) {
-            add("sheet", test::Entries(sheet.cboConc));
-            add(sheet.lblFilter.Visible ? "filtered" : "all", test::Rows(sheet.lvwMaterial));
-        });
-        Run.Desktop.WhileModal<frmURelations>([&](frmURelations& w) {
-            add("relations", test::Entries(w.cboTemp));
-            add("metals", test::Rows(w.lvwMetal));
-            w.cmdClose.InputClick();
-        });
-        Run.Main().mnuURelations.InputClick();
-        Open([&](frmInställningar& w) { add("settings", {Ticks(w.lvwTemp), Ticks(w.lvwMetal)}); });
-        Run.Search("");
-        add("search", test::Keys(Run.Main().lvwResultat));
-        Run.Desktop.WhileModal<RecordWindow>([&](RecordWindow& w) {
-            add("maintenance", {std::to_string(w.lst.ListCount())});
-            w.cmdClose.InputClick();
-        });
-        Run.Main().mnuUTemperature.InputClick();
-        return all;
-    };
-    Open([&](frmInställningar& w) {
-        Mark(w, {-1, -1, -1, -1, -1, -1});
-        w.cmdSpara.InputClick();
-    });
-    const Strings everything = readers();
-    Open([&](frmInställningar& w) {
-        Mark(w, {});
-        w.cmdSpara.InputClick();
-    });
-    Strings chosen = readers();
-    for (std::size_t i = 0; i < chosen.size(); ++i) {
-        chosen[i] = chosen[i] == everything[i] ? "the same" : chosen[i];
-    }
-    EXPECT_EQ(chosen, (Strings{"sheet Alla koncentrationer=-1 10 %=1 50 %=4 koncentrerad=3",
-                               "filtered 10 %|20ºC|+|Guld| (egen) 10 %|20ºC|+|Glas|Silikat (Övrigt) "
-                               "koncentrerad|20ºC|-| NBR |Nitril (Tätning)",
-                               "relations 20ºC=1", "metals Guld|", "settings K1+ K2- K3- K4- K3+ K1- K2-",
-                               "the same", "the same"}));
 }
 
 // The texts follow a language at once, its columns once it is saved; the value texts at the next start.
