@@ -33,12 +33,6 @@ std::string RoomOf(const std::string& path) {
     return end == std::string::npos ? "platform" : path.substr(begin, end - begin);
 }
 
-bool RoomMayInclude(const std::string& file, const std::string& include) {
-    const std::string room = RoomOf(file);
-    const std::string other = RoomOf(include);
-    return other == "platform" || other == room || kRooms.at(room).contains(other);
-}
-
 /// What a file of src may include of the program itself. A window that isn't named here knows its own folder
 /// and what all windows know.
 Folders KnownTo(const std::string& file) {
@@ -62,7 +56,10 @@ bool MayInclude(const std::string& file, const std::string& include, bool system
         return (!widgets || desktop) && (!store || folder == "platform");
     }
     if (folder == "platform") {
-        return FirstFolder(include) == "platform" && RoomMayInclude(file, include);
+        const std::string room = RoomOf(include);
+        const bool below =
+            room == "platform" || room == RoomOf(file) || kRooms.at(RoomOf(file)).contains(room);
+        return FirstFolder(include) == "platform" && below;
     }
     if (folder == "app") {
         return FirstFolder(include) != "qt" || desktop;  // puts everything together
