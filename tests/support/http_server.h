@@ -22,10 +22,7 @@ class HttpServer {
     /// What is sent upon a request's first line; a reply that is empty is never sent.
     explicit HttpServer(std::function<std::string(const std::string& request)> reply)
         : reply_(std::move(reply)), listening_(::socket(AF_INET, SOCK_STREAM, 0)) {
-        for (const char* const proxy :
-             {"http_proxy", "https_proxy", "all_proxy", "ALL_PROXY", "HTTPS_PROXY"}) {
-            ::unsetenv(proxy);
-        }
+        ::setenv("no_proxy", "*", 1);
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);

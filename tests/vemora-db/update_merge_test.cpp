@@ -13,8 +13,6 @@
 namespace test {
 namespace {
 
-using Names = std::set<std::string>;
-
 /// What was said, with one blank between columns.
 std::string Said(const Outcome& outcome) {
     return std::regex_replace(outcome.Out + outcome.Err, std::regex(" +"), " ");
@@ -322,7 +320,7 @@ TEST(Merge, BringsTheUsersRowsVerdictsAndChoices) {
          "warning relMetal 2 a verdict of the user's replaces a delivered one: \"Svavelsyra\", no conc",
          "\"20ºC\", \"Metal-1 sv\": \"+\" -> \"-\""});
     EXPECT_EQ(publisher.Read("old.mdb"), old);
-    EXPECT_EQ(publisher.Files(), (Names{"Vemora.mdb", "data", "old.mdb"}));
+    EXPECT_EQ(publisher.Files(), (std::set<std::string>{"Vemora.mdb", "data", "old.mdb"}));
     // A second time there is nothing left to bring.
     publisher.Run({"merge", "/Vemora.mdb", "/old.mdb"});
     EXPECT_EQ(publisher.Rows("Vemora.mdb"), rows);
