@@ -9,11 +9,7 @@
 namespace vemora {
 namespace {
 
-using test::Choose;
-using test::Entries;
-using test::Less;
-using test::Session;
-using test::Strings;
+using test::Choose, test::Entries, test::Less, test::Session, test::Strings;
 
 constexpr const char* kClasses[] = {"Metal", "Plast", "Tight", "Misc"};
 
@@ -30,9 +26,8 @@ std::string ThreeMaterials() {
                "', 'w'); INSERT INTO rel" + name + "(ChemID, ConcID, TempID, " + name +
                "ID, TheValue, Egen) VALUES (2, 3, 4, 12, '-', 0), (2, 3, 4, 13, '0', -1);";
         for (const std::string other : {"1, 3, 4", "2, 1, 4", "2, 3, 1"}) {
-            for (const std::string material : {"11", "12", "13"}) {
-                sql += "INSERT INTO rel" + name + " VALUES (" + other + ", " + material + ", '+', -1);";
-            }
+            sql += "INSERT INTO rel" + name + " SELECT " + other + ", ID, '+', -1 FROM " + name +
+                   " WHERE ID > 10;";
         }
     }
     return sql;

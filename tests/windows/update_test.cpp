@@ -14,8 +14,7 @@
 namespace vemora {
 namespace {
 
-using test::HttpServer;
-using test::Strings;
+using test::HttpServer, test::Strings;
 
 /// A value line with these fields, the others empty.
 std::string Line(const std::map<int, std::string>& fields, int count = 30) {
