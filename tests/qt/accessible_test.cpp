@@ -23,14 +23,8 @@ Act Write(const char* text) {
     return [text](QAccessibleInterface& on) { on.setText(QAccessible::Value, text); };
 }
 
-Act Choose(int place) {
-    return [place](QAccessibleInterface& on) {
-        if (auto* combo = qobject_cast<QComboBox*>(on.object())) {
-            combo->setCurrentIndex(place);
-        } else {
-            on.tableInterface()->selectRow(place);
-        }
-    };
+Act Row(int row) {
+    return [row](QAccessibleInterface& on) { on.tableInterface()->selectRow(row); };
 }
 
 // The text, or "1" for what is on and for the second row.
@@ -62,6 +56,9 @@ TEST_F(AccessibleTest, WhatItDoesIsTheNextEventAndTheWidgetShowsWhatTheControlHa
     QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(Window->findChild<QMenuBar*>());
     const Act press = Do(QAccessibleActionInterface::pressAction());
     const Act toggle = Do(QAccessibleActionInterface::toggleAction());
+    const auto entry = [&](int place) -> Act {
+        return [=, this](auto&) { WidgetOf<QComboBox>(Form.cboLang)->setCurrentIndex(place); };
+    };
     const auto disable = [](platform::Control& control) { return [&] { control.Enabled = false; }; };
     const auto pressed = [&] { return std::string(static_cast<std::size_t>(presses), '!'); };
     const auto value = [](auto& control) { return [&] { return std::to_string(control.Value); }; };
@@ -77,10 +74,10 @@ TEST_F(AccessibleTest, WhatItDoesIsTheNextEventAndTheWidgetShowsWhatTheControlHa
         {of(Form.optKind(2)), value(Form.optKind(2)), toggle, "1", [] {}, toggle},
         {of(Form.txtName), text(Form.txtName), Write("syra"), "syra", lock(Form.txtName), Write("bas")},
         {of(Form.txtNote), text(Form.txtNote), Write("syra"), "syra", lock(Form.txtNote), Write("bas")},
-        {of(Form.cboLang), [&] { return Form.cboLang.Text(); }, Choose(1), "English", disable(Form.cboLang),
-         Choose(0)},
-        {of(Form.lvw), [&] { return std::to_string(Form.lvw.SelectedIndex()); }, Choose(1), "1",
-         disable(Form.lvw), Choose(3)}};
+        {of(Form.cboLang), [&] { return Form.cboLang.Text(); }, entry(1), "English", disable(Form.cboLang),
+         entry(0)},
+        {of(Form.lvw), [&] { return std::to_string(Form.lvw.SelectedIndex()); }, Row(1), "1",
+         disable(Form.lvw), Row(3)}};
     for (const auto& [on, taken, first, expected, close, second] : cases) {
         SCOPED_TRACE(on.text(QAccessible::Name).toStdString());
         const auto expectTaken = [&, &from = on, &now = taken, &right = expected] {

@@ -5,11 +5,9 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cstdlib>
 #include <functional>
 #include <string>
@@ -24,10 +22,7 @@ class HttpServer {
     /// What is sent upon a request's first line; a reply that is empty is never sent.
     explicit HttpServer(std::function<std::string(const std::string& request)> reply)
         : reply_(std::move(reply)), listening_(::socket(AF_INET, SOCK_STREAM, 0)) {
-        for (const char* const proxy :
-             {"http_proxy", "https_proxy", "all_proxy", "ALL_PROXY", "HTTPS_PROXY"}) {
-            ::unsetenv(proxy);
-        }
+        ::setenv("no_proxy", "*", 1);
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -42,7 +37,7 @@ class HttpServer {
     HttpServer(const HttpServer&) = delete;
     HttpServer& operator=(const HttpServer&) = delete;
     ~HttpServer() {
-        ending_ = true;
+        ::shutdown(listening_, SHUT_RDWR);  // and accept fails
         thread_.join();
         ::close(listening_);
     }
@@ -58,43 +53,23 @@ class HttpServer {
   private:
     static constexpr char kTls = 22;  // the first byte of who wants to speak it
 
-    bool Ready(int socket, short what) const {
-        pollfd wait{socket, what, 0};
-        while (!ending_) {
-            if (::poll(&wait, 1, 20) > 0) {
-                return true;
-            }
-        }
-        return false;
-    }
     void Serve() {
-        while (Ready(listening_, POLLIN)) {
-            const int socket = ::accept(listening_, nullptr, nullptr);
+        for (int socket = 0; (socket = ::accept(listening_, nullptr, nullptr)) >= 0; ::close(socket)) {
             std::string request;
             char c = 0;
-            while (!request.ends_with("\r\n\r\n") && c != kTls && Ready(socket, POLLIN) &&
-                   ::recv(socket, &c, 1, 0) == 1) {
+            while (!request.ends_with("\r\n\r\n") && c != kTls && ::recv(socket, &c, 1, 0) == 1) {
                 request += c;
             }
             const std::string all = c == kTls ? "no" : reply_(request.substr(0, request.find('\r')));
-            for (std::size_t sent = 0; sent < all.size() && Ready(socket, POLLOUT);) {
-                const auto more = ::send(socket, all.data() + sent, all.size() - sent, MSG_NOSIGNAL);
-                if (more <= 0) {
-                    break;
-                }
-                sent += static_cast<std::size_t>(more);
-            }
-            while (all.empty() && !ending_ && ::recv(socket, &c, 1, MSG_DONTWAIT) != 0) {
-                ::poll(nullptr, 0, 20);
-            }
-            ::close(socket);
+            ::send(socket, all.data(), all.size(), MSG_NOSIGNAL);
+            while (all.empty() && ::recv(socket, &c, 1, 0) == 1) {
+            }  // until the other side has waited long enough
         }
     }
 
     std::function<std::string(const std::string&)> reply_;
     int listening_;
     int port_ = 0;
-    std::atomic<bool> ending_ = false;
     std::thread thread_;
 };
 

@@ -14,6 +14,11 @@
 namespace vemora {
 namespace {
 
+/// What all windows of maintenance have, and those of the materials.
+const std::string kRecord =
+    " cmdAdd=R0223 cmdDelete=R0220 cmdClose=R0148 cmdUpdate=R0224 cmdCancel=R0171 cmdEdit=R0226";
+const std::string kMaterial = kRecord + " lblLabels(2)=R0249 lblLabels(1)=R0260 ";
+
 /// The key of each window's title, and the keys of its controls: caption or tool tip, ";", tool tip.
 const std::map<std::string, std::string> kBindings = {
     {"frmMain",
@@ -31,28 +36,18 @@ const std::map<std::string, std::string> kBindings = {
      "fraSpråk=R0124 opt1Språk(0)=R0126 opt1Språk(1)=R0125 opt1Språk(2)=R0127 lblFilter=R0012 "
      "cmdStäng=R0148;R0149 mnuRedigera=R0165 mnuClip=R0166"},
     {"frmUChemicals",
-     "=R0218 txtEgen=R0153 oFormula1=R0331 cmdDelete=R0220 cmdRefresh=R0221 cmdClose=R0148 cmdAdd=R0223 "
-     "cmdUpdate=R0224 cmdCancel=R0171 cmdEdit=R0226 lblLabels(11)=R0227 lblLabels(10)=R0164 "
+     "=R0218 txtEgen=R0153 oFormula1=R0331 cmdRefresh=R0221 lblLabels(11)=R0227 lblLabels(10)=R0164 "
      "lblLabels(9)=R0163 lblLabels(8)=R0162 lblLabels(7)=R0161 lblLabels(6)=R0160 lblLabels(5)=R0159 "
-     "lblLabels(4)=R0234 lblLabels(3)=R0235 lblLabels(2)=R0236 lblLabels(1)=R0155"},
+     "lblLabels(4)=R0234 lblLabels(3)=R0235 lblLabels(2)=R0236 lblLabels(1)=R0155" +
+         kRecord},
     {"frmUConcentration",
-     "=R0238 cmdClose=R0148 cmdRefresh=R0221 cmdDelete=R0220 cmdAdd=R0223 cmdUpdate=R0224 cmdCancel=R0171 "
-     "cmdEdit=R0226 lblLabels(11)=R0246 lblLabels(4)=R0247 lblLabels(3)=R0248 lblLabels(2)=R0249"},
-    {"frmUTemperature",
-     "=R0016 cmdAdd=R0223 cmdDelete=R0220 cmdClose=R0148 cmdUpdate=R0224 cmdCancel=R0171 cmdEdit=R0226 "
-     "lblLabels(11)=R0316 lblLabels(2)=R0249"},
-    {"frmUMetal",
-     "=R0136 cmdAdd=R0223 cmdDelete=R0220 cmdRefresh=R0221 cmdClose=R0148 cmdUpdate=R0224 cmdCancel=R0171 "
-     "cmdEdit=R0226 lblLabels(11)=R0258 lblLabels(2)=R0249 lblLabels(1)=R0260"},
-    {"frmUPlast",
-     "=R0134 cmdAdd=R0223 cmdDelete=R0220 cmdClose=R0148 cmdUpdate=R0224 cmdCancel=R0171 cmdEdit=R0226 "
-     "lblLabels(11)=R0287 lblLabels(2)=R0249 lblLabels(1)=R0260"},
-    {"frmUTight",
-     "=R0132 cmdAdd=R0223 cmdDelete=R0220 cmdClose=R0148 cmdUpdate=R0224 cmdCancel=R0171 cmdEdit=R0226 "
-     "lblLabels(11)=R0327 lblLabels(2)=R0249 lblLabels(1)=R0260"},
-    {"frmUMisc",
-     "=R0130 cmdAdd=R0223 cmdDelete=R0220 cmdClose=R0148 cmdUpdate=R0224 cmdCancel=R0171 cmdEdit=R0226 "
-     "lblLabels(11)=R0269 lblLabels(2)=R0249 lblLabels(1)=R0260"},
+     "=R0238 cmdRefresh=R0221 lblLabels(11)=R0246 lblLabels(4)=R0247 lblLabels(3)=R0248 lblLabels(2)=R0249" +
+         kRecord},
+    {"frmUTemperature", "=R0016 lblLabels(11)=R0316 lblLabels(2)=R0249" + kRecord},
+    {"frmUMetal", "=R0136 cmdRefresh=R0221 lblLabels(11)=R0258" + kMaterial},
+    {"frmUPlast", "=R0134 lblLabels(11)=R0287" + kMaterial},
+    {"frmUTight", "=R0132 lblLabels(11)=R0327" + kMaterial},
+    {"frmUMisc", "=R0130 lblLabels(11)=R0269" + kMaterial},
     {"frmURelations",
      "=R0290 txtEgenTemp=R0153 txtEgenKon=R0153 txtEgenKem=R0153 txtEgen=R0153 Text1=R0295 "
      "cmdKoppla(1)=R0220 cmdKoppla(0)=R0298 txtKopplad=R0299 cmdClose=R0148 lblLabels(0)=R0152 "
