@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "maintenance/record_window.h"
+#include "relations/frmURelations.h"
 #include "settings/frmInstallningar.h"
 #include "support/session.h"
 #include "texts/mTexter.h"
@@ -157,6 +159,39 @@ TEST_F(Settings, AChangeThatIsNotSavedIsAskedAboutInEveryOpeningToCome) {
     EXPECT_EQ(Run.Boxes().size(), 2U * 15);
     EXPECT_EQ(Saved(), before);
     EXPECT_EQ(Run.Desktop.Logged("pointer").back(), "pointer 0");
+}
+
+// The sheet and the relations leave out at their next opening what doesn't take part; the search, the
+// settings and the maintenance go on showing all.
+TEST_F(Settings, TheChoiceReachesEachReaderAtItsNextOpening) {
+    Open([&](frmInställningar& w) {
+        for (int tab = 0; tab < 6; ++tab) {
+            w.SSTab1.InputTab(tab);
+            w.cmdMarkera(1).InputClick();
+            Lists(w)[static_cast<std::size_t>(tab)]->InputCheck({0}, true);
+        }
+        w.cmdSpara.InputClick();
+    });
+    Run.OpenSheet(1, [](frmChemical& sheet) {
+        EXPECT_EQ(test::Rows(sheet.lvwMaterial),
+                  (Strings{"10 %|20ºC|+|Guld| (egen)", "10 %|20ºC|+|Glas|Silikat (Övrigt)",
+                           "koncentrerad|20ºC|-| NBR |Nitril (Tätning)"}));
+    });
+    Run.Desktop.WhileModal<frmURelations>([](frmURelations& w) {
+        EXPECT_EQ(test::Entries(w.cboConc), (Strings{"Alla=-1", "10 %=1"}));
+        EXPECT_EQ(test::Entries(w.cboTemp), Strings{"20ºC=1"});
+        EXPECT_EQ(test::Rows(w.lvwMetal), Strings{"Guld|"});
+        w.cmdClose.InputClick();
+    });
+    Run.Main().mnuURelations.InputClick();
+    Open([](frmInställningar& w) { EXPECT_EQ(Ticks(w.lvwTemp), "K1+ K2- K3- K4-"); });
+    Run.Search("");
+    EXPECT_EQ(Run.Main().lvwResultat.ItemCount(), 5);
+    Run.Desktop.WhileModal<RecordWindow>([](RecordWindow& w) {
+        EXPECT_EQ(w.lst.ListCount(), 4);
+        w.cmdClose.InputClick();
+    });
+    Run.Main().mnuUTemperature.InputClick();
 }
 
 // The texts follow a language at once, its columns once it is saved; the value texts at the next start.

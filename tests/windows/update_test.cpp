@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "about/frmAbout.h"
 #include "platform/files/files.h"
 #include "platform/text/codepage.h"
@@ -10,6 +12,7 @@
 #include "support/http_server.h"
 #include "support/session.h"
 #include "update/frmUPD.h"
+#include "vemora-db/program.h"
 
 namespace vemora {
 namespace {
@@ -221,6 +224,32 @@ TEST_F(Update, WithNothingToReadLeavesAllAsItWas) {
     Import(kHeading + kHCl);
     EXPECT_EQ(Boxes, Strings{Failure(platform::errors::PathFileAccess, "cmdImport_Click")});
     EXPECT_TRUE(StaysOpen && InfoStays);
+}
+
+// The publisher's newer database, by way of the file and the server, into the user's older one.
+TEST_F(Update, BringsAnOlderDatabaseUpToDate) {
+    const test::ProgramFolder newer("Svenska");
+    newer.Change(
+        "UPDATE Chemical SET NoteSE = 'Ny', Egen = 0; UPDATE Conc SET ConcentrationEN = 'ten' WHERE ID = 1;"
+        "INSERT INTO Chemical(ID, NameSE) VALUES(70, 'Nytt'); INSERT INTO Conc(ConcentrationSE) VALUES('7 "
+        "%');"
+        "UPDATE relMetal SET TheValue = '0'; INSERT INTO relTight SELECT 70, 5, 1, ID, '+', 0 FROM Tight;"
+        "INSERT INTO relPlast SELECT 70, -1, 4, ID, '-', 0 FROM Plast");
+    std::ostringstream said;
+    const auto tool = [&](const char* command, const std::filesystem::path& a,
+                          const std::filesystem::path& b) {
+        const std::string first = platform::Utf8FromPath(a);
+        const std::string second = platform::Utf8FromPath(b);
+        const char* words[] = {"vemora-db", command, "--no-warnings", first.c_str(), second.c_str()};
+        return vemora_db::Run(5, words, said, said, false);
+    };
+    const auto file = newer.Path() / "Varden.skv";
+    EXPECT_EQ(tool("update-file", newer.Database(), file), vemora_db::Status::Fine) << said.str();
+    Reply = HttpServer::Ok(test::ReadAll(file));
+    Press();
+    EXPECT_EQ(Boxes, Strings{Told(1 + 5)});
+    Run.Main().InputClose();
+    EXPECT_EQ(tool("diff", Run.Folder.Database(), newer.Database()), vemora_db::Status::Fine) << said.str();
 }
 
 TEST(About, OpensItsPagesAndTheSystemsTool) {
