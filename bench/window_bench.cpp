@@ -23,6 +23,7 @@
 #include "platform/store/store.h"
 #include "qt/desktop.h"
 #include "search/frmMain.h"
+#include "sheet/frmChemical.h"
 #include "support.h"
 
 namespace {
@@ -180,6 +181,34 @@ void MeasureFormulaKeys() {
     window.Unload();
 }
 
+// From the call to the picture, the first time: the window is made, filled and drawn.
+void MeasureWindows(const std::filesystem::path& folder) {
+    qt::QtDesktop desktop([] { return std::string("English"); });
+    vemora::Program program(desktop, folder);
+    program.Main.Main();
+    QApplication::processEvents();
+    vemora::Windows& all = program.Main.Windows;
+    const std::pair<const char*, vemora::Windows::Any> windows[] = {
+        {"sheet", [&all]() -> platform::Form& { return all.Chemical(); }},
+        {"chemicals", all.UChemicals},
+        {"relations", all.URelations},
+        {"settings", all.Inställningar},
+        {"update", all.UPD},
+        {"about", all.About}};
+    all.Chemical().Nyckel(1);
+    for (const auto& [name, make] : windows) {
+        QElapsedTimer timer;
+        timer.start();
+        platform::Form& form = make();
+        form.Show();
+        QApplication::processEvents();
+        const double time = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+        std::printf("shipped data, %s|%.0f|100|%.2f|\n", name, time, time / 100);
+        form.Unload();
+    }
+    all.Main().Unload();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -204,5 +233,13 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     MeasureEmptySearch(folder);
     MeasureFormulaKeys();
+    if (argc > 2) {
+        const auto shipped = folder.parent_path() / "shipped";
+        std::filesystem::remove_all(shipped);
+        std::filesystem::create_directories(shipped / "bin");
+        std::filesystem::copy_file(folder / "bin" / "lang.ini", shipped / "bin" / "lang.ini");
+        std::filesystem::copy_file(argv[2], shipped / "Vemora.mdb");
+        MeasureWindows(shipped);
+    }
     return 0;
 }

@@ -194,7 +194,7 @@ keep() {
     # A verdict of one's own for it: what is chosen is chosen by keys alone.
     open_from_menu m r "Resistance – Metal"
     xdotool type --delay 40 "Tour"
-    keys Tab Down Down Tab Down Tab Tab Down Tab Down
+    keys Tab Tab Down Down Tab Down Tab Tab Down Tab Down
     picture "$language-8-chosen"
     keys alt+s
     picture "$language-8-resistance"

@@ -56,9 +56,7 @@ QString AccessibleName(const platform::Control& control) {
     }
     QString name;
     const bool picture = dynamic_cast<const platform::Image*>(&control) != nullptr;
-    const bool labelled = (control.TakesFocus() && !picture) ||
-                          dynamic_cast<const platform::oFormula*>(&control) != nullptr ||
-                          dynamic_cast<const platform::RichTextBox*>(&control) != nullptr;
+    const bool labelled = control.TakesFocus() && !picture;
     if (const platform::Label* label = labelled ? NearestLabel(control) : nullptr) {
         name = read(label->Caption);
     } else {
@@ -72,15 +70,6 @@ QString AccessibleName(const platform::Control& control) {
     // A picture without words of its own belongs to the window as a whole.
     if (name.isEmpty() && picture) {
         name = QString::fromStdString(control.Parent().Caption);
-    }
-    // A formula that is only drawn can't be walked through: its name has to say what it is.
-    const auto* const shown = dynamic_cast<const platform::RichTextBox*>(&control);
-    if (shown != nullptr) {
-        name = (name + ' ' + QString::fromStdString(platform::PlainText(shown->Content()))).trimmed();
-    }
-    const auto* const formula = dynamic_cast<const platform::oFormula*>(&control);
-    if (formula != nullptr && formula->Locked) {
-        name = (name + ' ' + QString::fromStdString(formula->PlainText())).trimmed();
     }
     return name;
 }

@@ -19,7 +19,6 @@ FormulaAdapter::FormulaAdapter(FormWindow& window, platform::oFormula& formula)
     : WidgetAdapter(window, formula, Child<FormulaWidget>(ParentOf(window, formula))),
       formula_(formula),
       widget_(static_cast<FormulaWidget*>(Widget())) {
-    widget_->setFocusPolicy(Qt::StrongFocus);  // has its place for the Tab key also while it is locked
     QObject::connect(widget_, &QTextEdit::textChanged, Context(), [this] { Edited(); });
     QObject::connect(widget_, &QTextEdit::cursorPositionChanged, Context(), [this] { CaretMoved(); });
 }
@@ -145,7 +144,6 @@ void FormulaAdapter::Settle() {
 void FormulaAdapter::CarryOwn() {
     constexpr int kTwipsPerPoint = 20;
     QTextDocument& document = *widget_->document();
-    widget_->setFocusPolicy(formula_.TakesFocus() ? Qt::StrongFocus : Qt::NoFocus);
     if (widget_->isReadOnly() != formula_.Locked) {
         widget_->SetEditable(!formula_.Locked);
         document.clearUndoRedoStacks();
@@ -157,7 +155,6 @@ void FormulaAdapter::CarryOwn() {
         Settle();
     }
     widget_->Show(formula_.Content(), Window().Measure().Px(formula_.Padding * kTwipsPerPoint));
-    Window().NamesChanged();
 }
 
 // --- RichTextBox ---
@@ -169,6 +166,11 @@ RichTextBoxAdapter::RichTextBoxAdapter(FormWindow& window, platform::RichTextBox
 
 void RichTextBoxAdapter::CarryOwn() {
     constexpr int kPadding = 80;  // twips
+    // For a reader of the screen; what is seen is drawn.
+    if (const QString text = QString::fromStdString(platform::PlainText(box_.Content()));
+        widget_->toPlainText() != text) {
+        widget_->setPlainText(text);
+    }
     widget_->Show(box_.Content(), Window().Measure().Px(kPadding));
 }
 

@@ -325,7 +325,7 @@ TEST(RealWindows, AVerdictIsStatedAndAChoiceMadeByKeyboard) {
     WhileUp("frmURelations", [&](QWidget* window) {
         ASSERT_TRUE(Focused(window, "lstChemicals"));
         QTest::keyClicks(QApplication::focusWidget(), "sv");
-        Press("Tab Down Down Tab Down Ctrl+PgDown");  // to the plastics, whose list gets the focus
+        Press("Tab Tab Down Down Tab Down Ctrl+PgDown");  // to the plastics, whose list gets the focus
         EXPECT_TRUE(Focused(window, "lvwPlast"));
         Press("Down Tab Down Alt+S Esc");
         EXPECT_FALSE(window->isVisible());

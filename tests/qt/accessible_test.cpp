@@ -5,7 +5,12 @@
 
 #include <QAccessible>
 #include <QComboBox>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 
 #include "qt/support.h"
 
@@ -27,10 +32,17 @@ Act Row(int row) {
     return [row](QAccessibleInterface& on) { on.tableInterface()->selectRow(row); };
 }
 
-// The text, or "1" for what is on and for the second row.
+// The text, the rows, or "1" for what is on.
 std::string Shown(QAccessibleInterface& on) {
     if (QAccessibleTableInterface* table = on.tableInterface()) {
-        return table->selectedRows() == QList<int>{1} ? "1" : "";
+        std::string rows;
+        for (const int row : table->selectedRows()) {
+            rows += std::to_string(row);
+        }
+        return rows;
+    }
+    if (on.role() == QAccessible::PageTab) {
+        return std::to_string(on.state().focused);
     }
     return on.state().checkable ? std::to_string(on.state().checked)
                                 : on.text(QAccessible::Value).toStdString();
@@ -49,6 +61,8 @@ TEST_F(AccessibleTest, WhatItDoesIsTheNextEventAndTheWidgetShowsWhatTheControlHa
     };
     Form.cboLang.AddItem("Svenska");
     Form.cboLang.AddItem("English");
+    Several several(S.Desktop);
+    ShowActive(S.Desktop, several);
     S.Desktop.Flush();
     const auto of = [](const platform::Control& control) -> QAccessibleInterface& {
         return *QAccessible::queryAccessibleInterface(WidgetOf<QWidget>(control));
@@ -77,7 +91,20 @@ TEST_F(AccessibleTest, WhatItDoesIsTheNextEventAndTheWidgetShowsWhatTheControlHa
         {of(Form.cboLang), [&] { return Form.cboLang.Text(); }, entry(1), "English", disable(Form.cboLang),
          entry(0)},
         {of(Form.lvw), [&] { return std::to_string(Form.lvw.SelectedIndex()); }, Row(1), "1",
-         disable(Form.lvw), Row(3)}};
+         disable(Form.lvw), Row(3)},
+        {of(several.lst), [&] { return std::to_string(several.lst.ListIndex); }, Row(1), "1",
+         disable(several.lst), Row(3)},
+        {of(several.lvw),
+         [&] {
+             std::string rows;
+             for (int i = 0; i < 4; ++i) {
+                 rows += several.lvw.Item(i).Selected() ? std::to_string(i) : "";
+             }
+             return rows;
+         },
+         [](QAccessibleInterface& on) { Row(1)(on), Row(3)(on); }, "13", disable(several.lvw), Row(2)},
+        {*QAccessible::queryAccessibleInterface(WidgetOf<QTabWidget>(several.tabs)->tabBar())->child(1),
+         [&] { return std::to_string(several.tabs.Tab); }, press, "1", disable(several.tabs), press}};
     for (const auto& [on, taken, first, expected, close, second] : cases) {
         SCOPED_TRACE(on.text(QAccessible::Name).toStdString());
         const auto expectTaken = [&, &from = on, &now = taken, &right = expected] {
@@ -97,6 +124,14 @@ TEST_F(AccessibleTest, WhatItDoesIsTheNextEventAndTheWidgetShowsWhatTheControlHa
     }
     EXPECT_EQ(Shown(of(Form.optKind(1))), "0");
     EXPECT_EQ(Form.Changes, 1);
+    several.Unload();
+
+    WhileUp([] { return qobject_cast<QInputDialog*>(QApplication::activeModalWidget()); },
+            [&](QWidget* box) {
+                Write("4711")(*QAccessible::queryAccessibleInterface(box->findChild<QLineEdit*>()));
+                press(*QAccessible::queryAccessibleInterface(box->findChild<QPushButton*>()));
+            });
+    EXPECT_EQ(S.Desktop.InputBox("?", "ID"), "4711");
 }
 
 }  // namespace

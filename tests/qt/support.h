@@ -165,6 +165,41 @@ struct Entry : platform::Form {
     void Form_Resize() override { Said.push_back("resize"); }
 };
 
+/// Two pages with a list each: rows can be ticked, and several selected.
+struct Several : platform::Form {
+    explicit Several(platform::Desktop& desktop)
+        : Form(desktop, "frmSeveral", {.ClientWidth = 6000, .ClientHeight = 4000}) {
+        lvw.ItemClick = [this](const ListItem& item) {
+            Said.push_back("item " + item.Text + (item.Selected() ? "" : " not selected"));
+        };
+        lvw.Click = [this] {
+            std::string rows = "click";
+            for (int i = 0; i < lvw.ItemCount(); ++i) {
+                rows += lvw.Item(i).Selected() ? " " + lvw.Item(i).Text : "";
+            }
+            Said.push_back(rows);
+        };
+        lvw.ItemCheck = [this](const ListItem& item) { Said.push_back("tick " + item.Text); };
+    }
+    platform::Design OnPage(int page) {
+        return At({60, 60, 5000, 2500},
+                  {.MultiSelect = true, .Checkboxes = true, .Container = &tabs, .Page = page});
+    }
+    platform::ListBox lst{*this, "lst", At({120, 3400, 2000, 500})};
+    platform::SSTab tabs{*this, "tabs", At({120, 120, 5600, 3200}), {"One", "Two"}};
+    ListView lvw{*this, "lvw", OnPage(0)}, other{*this, "other", OnPage(1)};
+    Log Said;
+
+  protected:
+    void Form_Load() override {
+        lvw.AddColumn("Name", 1500);
+        for (const char* const name : {"a", "b", "c", "d"}) {
+            lvw.AddItem(std::string("K") + name, name);
+            lst.AddItem(name);
+        }
+    }
+};
+
 /// The window, shown and active.
 class EntryTest : public testing::Test {
   protected:

@@ -31,7 +31,7 @@ class oFormula final : public Control {
     Property<bool> Locked;
     Property<int> Padding;  // space around the formula, points
 
-    bool TakesFocus() const override { return !Locked; }
+    bool TakesFocus() const override { return true; }
     void Reset() override;
 
     // --- the user. Positions and lengths count code points. ---

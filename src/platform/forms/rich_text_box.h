@@ -20,6 +20,7 @@ class RichTextBox final : public Control {
     /// Anything that is no RTF shows as the plain text that it is.
     void SetTextRTF(const std::string& rtf);
     const RichText& Content() const { return content_; }
+    bool TakesFocus() const override { return true; }
     void Reset() override;
 
   private:
