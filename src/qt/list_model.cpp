@@ -99,6 +99,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return OneLine(index.column() == 0 ? item.Text
                                            : item.SubItems(static_cast<std::size_t>(index.column())));
     }
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
+        return list_->Tip ? QString::fromStdString(list_->Tip(list_->Item(index.row()))) : QVariant();
+    }
     if (role == Qt::AccessibleTextRole || role == Qt::FontRole || role == Qt::ForegroundRole) {
         return Look(index, role);
     }

@@ -33,14 +33,17 @@ class RowDelegate final : public QStyledItemDelegate {
         return {0, option.fontMetrics.height() + kAir};
     }
 
-    // A text that its column cuts shows in full when the mouse rests on it.
+    // A text that its column cuts shows in full when the mouse rests on it, and what there is to say of its
+    // row.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override {
         constexpr int kMargins = 8;
         const QString text = index.data().toString();
         const bool cut =
             option.fontMetrics.horizontalAdvance(text) > view->visualRect(index).width() - kMargins;
-        QToolTip::showText(event->globalPos(), cut ? ToolTip(text.toStdString()) : QString(), view);
+        const QString tip = index.data(Qt::ToolTipRole).toString();
+        const QString shown = cut ? text + (tip.isEmpty() ? "" : "\n") + tip : tip;
+        QToolTip::showText(event->globalPos(), ToolTip(shown.toStdString()), view);
         return true;
     }
 };

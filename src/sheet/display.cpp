@@ -49,7 +49,7 @@ void frmChemical::Visa() {
 
         for (int i = 0; i <= 3; ++i) {
             if (const RecordsetPtr rs = GetRs(i)) {
-                FyllRader(*rs);
+                FyllRader(i, *rs);
                 rs->Close();
             }
         }
@@ -101,7 +101,7 @@ void frmChemical::NämnFönstret() {
     SpokenName = txtFields(2).Text.Get() + " – " + Caption.Get();
 }
 
-void frmChemical::FyllRader(Recordset& rs) {
+void frmChemical::FyllRader(int index, Recordset& rs) {
     while (!rs.Eof()) {
         std::string mark;
         if (rs["RelEgen"].Bool()) {
@@ -123,6 +123,11 @@ void frmChemical::FyllRader(Recordset& rs) {
             description.append(" (").append(mark).append(")");
         }
         item.AddSubItem(std::move(description));
+        if (mark.empty()) {
+            item.Tag = std::to_string(index).append("|").append(rs["ConcID"].Text()).append("|");
+            item.Tag.append(rs["TempID"].Text()).append("|");
+            item.Tag.append(platform::Mid(rs["IDFält"].Text(), 3));
+        }
         rs.MoveNext();
     }
 }

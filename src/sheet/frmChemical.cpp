@@ -32,6 +32,7 @@ frmChemical::frmChemical(mMain& main)
     mnuClip.Click = [this] { mnuClip_Click(); };
     lvwMaterial.ColumnClick = [this](int ColumnHeader) { lvwMaterial_ColumnClick(ColumnHeader); };
     lvwMaterial.Look = [this](int column, const std::string& text) { return Utseende(column, text); };
+    lvwMaterial.Tip = [this](const platform::ListItem& item) { return Källor(item); };
 }
 
 std::int32_t frmChemical::Nyckel() {

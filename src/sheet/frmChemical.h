@@ -229,7 +229,7 @@ class frmChemical final : public Window {
     // The display.
     void Visa();
     void VisaKolumner();
-    void FyllRader(platform::adodb::Recordset& rs);
+    void FyllRader(int index, platform::adodb::Recordset& rs);
     void VisaÄndrad();
     void FyllKonc(platform::ComboBox& cbo);
     void FyllTemp(platform::ComboBox& cbo);
@@ -243,6 +243,8 @@ class frmChemical final : public Window {
     void lvwMaterial_ColumnClick(int ColumnHeader);
     /// The signs of the verdicts in words and colours.
     platform::CellLook Utseende(int column, const std::string& text) const;
+    /// Where the verdict of a row comes from: its sources, by name, or that it is the user's own.
+    std::string Källor(const platform::ListItem& item);
     /// The title is the program's; for who hears it, the chemical goes before.
     void NämnFönstret();
 

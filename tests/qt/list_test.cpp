@@ -109,6 +109,34 @@ TEST_F(ListTest, HeadingsAreClickedAndShowTheSortPicture) {
               int(Qt::AlignRight | Qt::AlignVCenter));
 }
 
+TEST_F(ListTest, SpeaksAndObeysKeysLikeAMouse) {
+    Form.lvw.Look = [](int column, const std::string& text) {
+        return platform::CellLook{.Spoken = column == 1 ? "no. " + text : ""};
+    };
+    Form.lvw.Tip = [](const ListItem& item) { return "about " + item.Text; };
+    Form.lvw.SortKey = 1;
+    Form.lvw.SortOrder = 1;
+    Form.lvw.Sorted = true;
+    Form.lvw.SetColumnSortImage(1, 1);
+    Form.lvw.Select(0);
+    S.Desktop.Flush();
+    const auto data = [&](int column, int role) {
+        return View->model()->index(1, column).data(role).toString();
+    };
+    EXPECT_EQ(data(1, Qt::AccessibleTextRole), "no. 3");
+    EXPECT_EQ(data(0, Qt::AccessibleTextRole), "");
+    EXPECT_EQ(data(0, Qt::AccessibleDescriptionRole), "about d");
+    EXPECT_EQ(View->model()->headerData(1, Qt::Horizontal, Qt::AccessibleTextRole), "Number, descending");
+    for (const Qt::Key key : {Qt::Key_2, Qt::Key_3, Qt::Key_9}) {
+        Key(key, Qt::ControlModifier);
+    }
+    // The third is hidden, a ninth isn't there.
+    EXPECT_EQ(Said(), (Log{"key 50", "column 2", "key 51", "key 57"}));
+    Key(Qt::Key_Space);
+    Key(Qt::Key_1);  // in the column that it is sorted by
+    EXPECT_EQ(Said(), (Log{"key 32", "item e", "key 49", "item b"}));
+}
+
 TEST_F(ListTest, AColumnDraggedWiderStaysSoAndNoneIsTooNarrowToBeGrabbed) {
     QHeaderView* header = View->header();
     const int wide = header->sectionSize(0) + 30;

@@ -33,7 +33,7 @@ TEST(Check, TellsWhatIsWrongWithAValue) {
         {"error relMisc.TheValue", "x'2B'", "ChemID = 5", "1 a verdict must be +, -, 0 or a blank: \"+\""},
         {"error relMisc.Egen", "1", "ChemID = 5", "1 the value must be -1 (true)"},
         {"error relPlast.ChemID", "'a'", "ChemID = 5", "1 an ID must be a whole number: \"a\""},
-        {"error Source.Source", "'S' || char(0)", "Source = 'S3 ≤'", "4 the value is no text"},
+        {"error Source.Source", "'S' || char(0)", "Source LIKE 'S3%'", "4 the value is no text"},
         {"error MaterialKey.ID", "1.5", "[Key] = 'Misc-2'", "1 an ID must be a whole number: \"1.5\""},
         {"error Conc.Med", "1", "1", "2 the value must be -1 (true) or 0 (false): ID 1; ID 2"},
         {"error Temp.Temp", "'20°C'", "ID = 1", "1 a temperature must end in ºC: ID 1"},
@@ -83,6 +83,9 @@ TEST(Check, TellsWhatIsWrongBetweenRowsAndWithTables) {
         {"DELETE FROM Source WHERE RelTable = 'relMisc'", "warning relMisc 4 verdicts without a source"},
         {"UPDATE Source SET Source = ' ' WHERE RelTable = 'relTight' AND ChemID = 2",
          "warning relTight 1 verdicts without a source: ChemID 2, ConcID 2, TempID 1"},
+        {"UPDATE SourceName SET Code = 'S9' WHERE Code = 'S1'",
+         "warning Source 16 a source without a name: \"S1\" at ChemID 1, ConcID -1, TempID 1;"},
+        {"DROP TABLE SourceName", "warning SourceName 1 the table is missing, so"},
         {"UPDATE relMetal SET TheValue = '+' WHERE ConcID = 1 AND TempID = 2 AND MetalID = 7",
          "warning relMetal 1 a verdict gets better as the temperature rises: ChemID 1, ConcID 1, MetalID 7"},
         // By the number of the label, not by the ID.
@@ -103,6 +106,41 @@ TEST(Check, TellsWhatIsWrongBetweenRowsAndWithTables) {
     const Created publisher;
     for (const auto& [sql, said, rowsRead] : cases) {
         ExpectSaid(publisher, sql, said, rowsRead);
+    }
+}
+
+TEST(Check, TellsWhatAReviewHasRefused) {
+    const Created publisher;
+    const std::string heading =
+        "Rule,ChemID,Chemical,ConcID,Concentration,TempID,Temperature,Class,Key,Reason\n";
+    const auto check = [&](const std::string& lines) {
+        publisher.Write("review.csv", heading + lines);
+        return publisher.Run({"check", "--review", "/review.csv", "/Vemora.mdb"});
+    };
+    std::string thin;
+    for (const char* const key :
+         {"Metal,Metal-5", "Metal,Metal-7", "Metal,Metal-8", "Misc,Misc-1", "Misc,Misc-2"}) {
+        thin += "thin,,,,,,," + std::string(key) + ",\n";
+    }
+    // At any concentration and temperature, at one of each, and from a temperature on; the user's own stays.
+    for (const auto& [rule, count] :
+         {std::pair("1,Svavelsyra,,,,", 2), std::pair("1,Svavelsyra,1,10 %,1,20ºC", 1),
+          std::pair("1,Svavelsyra,,,2,60ºC", 0), std::pair("2,Paraffin,,,,", 0),
+          std::pair("5,Egen lut,,,,", 0)}) {
+        const Outcome outcome = check("not +," + std::string(rule) + ",Metal,Metal-1,\n" + thin);
+        const std::string out = std::regex_replace(outcome.Out, std::regex(" +"), " ");
+        EXPECT_EQ(
+            Has(out, "error relMetal " + std::to_string(count) + " a verdict that has been refused is +: S"),
+            count > 0)
+            << rule << out;
+        EXPECT_TRUE(Has(out, "warning Metal 1 a material with verdicts on few chemicals: Metal-1: 3\n"))
+            << out;
+        EXPECT_FALSE(Has(out, "warning Misc")) << out;
+    }
+    for (const char* const bad :
+         {"good,,,,,,,Metal,Metal-1,", "not +,1,Svavel,,,,,Metal,Metal-1,",
+          "not +,1,Svavelsyra,,,,,Wood,Metal-1,", "not +,1,Svavelsyra,,,,,Metal,Tin,"}) {
+        EXPECT_EQ(check(bad).Exit, Status::BadData) << bad;
     }
 }
 

@@ -45,6 +45,8 @@ class Publisher {
               "ID,ConcentrationSE,ConcentrationEN,ConcentrationDE,Egen,Med\n"
               "1,10 %,10 % sol.,10 % Lsg.,0,-1\n2,mättad,saturated,gesättigt,0,0\n");
         Write("data/temperatures.csv", "ID,Temp,Egen,Med\n1,20ºC,0,-1\n2,60ºC,0,-1\n3,80ºC,-1,-1\n");
+        Write("data/sources.csv",
+              "ID,Code,NameSE,NameEN,NameDE\n1,S1,Etta,One,Eins\n2,S2,Två,Two,Zwei\n3,S3,Tre,Three,Drei\n");
         std::string materials =
             "Class,ID,Key,Name,Description,NameEN,DescriptionEN,NameDE,DescriptionDE,Egen,Med\n";
         const std::pair<std::string, std::string> classes[] = {
@@ -67,7 +69,7 @@ class Publisher {
                   "ChemID,Chemical,ConcID,Concentration,TempID,Temperature," + keys +
                       "Source\n1,Svavelsyra,-1,,1,20ºC," + cells("+", "0*") +
                       ",S1\n1,Svavelsyra,1,10 %,1,20ºC," + cells("+", "0") +
-                      ",S3 ≤\n1,Svavelsyra,1,10 %,2,60ºC," + cells("-*", "_") +
+                      ",S3; ≤: S1\n1,Svavelsyra,1,10 %,2,60ºC," + cells("-*", "_") +
                       ",\"S1, S2\"\n2,Paraffin,2,mättad,1,20ºC," + cells("0", "") +
                       ",S1\n5,Egen lut,1,10 %,3,80ºC," + cells("+*", "") + ",\n");
         }

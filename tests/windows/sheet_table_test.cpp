@@ -56,6 +56,37 @@ TEST(SheetTable, ShowsEveryVerdictOfTheChemical) {
     });
 }
 
+TEST(SheetTable, ARowTellsWhereItsVerdictComesFrom) {
+    const std::string sources =
+        "INSERT INTO MaterialKey VALUES('Metal', 1, 'CS'), ('Misc', 1, 'Glass'), ('Tight', 1, 'CS');"
+        "INSERT INTO SourceName VALUES(1, 'A', 'Lista', 'List', 'Liste'), (2, 'B''s', 'Prov', 'Test', NULL);"
+        "INSERT INTO Source VALUES('relMetal', 1, 1, 1, 'A; Al: C; Al, CS : B''s + X'), "
+        "('relMetal', 1, 2, 1, 'X'), ('relMisc', 1, 1, 1, 'A+B''s;CS:X'), ('relTight', 1, 1, 1, ' ')";
+    // Of the rows of ShowsEveryVerdictOfTheChemical.
+    const std::pair<int, std::array<const char*, 2>> rows[] = {
+        {1, {"(egen post)", "(own entry)"}},
+        {4, {"B's: Prov\nX", "B's: Test\nX"}},
+        {5, {"(egen post)", "(own entry)"}},
+        {6, {"", ""}},
+        {7, {"A: Lista\nB's: Prov", "A: List\nB's: Test"}},
+        {8, {"X", "X"}},
+        {9, {"", ""}}};
+    for (const int english : {0, 1}) {
+        Running run(english == 1 ? "English" : "Svenska", sources);
+        run.OpenSheet(1, [&](frmChemical& sheet) {
+            for (const auto& [row, expected] : rows) {
+                EXPECT_EQ(sheet.lvwMaterial.Tip(sheet.lvwMaterial.Item(row)),
+                          expected[static_cast<std::size_t>(english)])
+                    << row;
+            }
+        });
+    }
+    Running older("Svenska", "DROP TABLE SourceName; INSERT INTO Source VALUES('relMetal', 1, 1, 1, 'A')");
+    older.OpenSheet(
+        1, [&](frmChemical& sheet) { EXPECT_EQ(sheet.lvwMaterial.Tip(sheet.lvwMaterial.Item(4)), ""); });
+    EXPECT_EQ(older.Boxes(), Strings{});
+}
+
 TEST(SheetTable, FollowsEachFilter) {
     const std::string opening = "PVC+ PE0 Stål0 Glas0 Stål- Guld+ EPDM+ Glas+ Stål+ PVC- Glas-  NBR -";
     // The value of each box of the classes and the verdicts, the entries chosen in the two lists, and whether

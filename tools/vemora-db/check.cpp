@@ -23,7 +23,8 @@ void CheckIntegrity(platform::Store& store, Findings& findings) {
     }
 }
 
-Findings Check(const std::filesystem::path& file, const std::string& password, Progress& progress) {
+Findings Check(const std::filesystem::path& file, const std::filesystem::path& review,
+               const std::string& password, Progress& progress) {
     platform::Store store(file, password, platform::Store::Access::ReadOnly);
     Findings findings;
     try {
@@ -35,6 +36,9 @@ Findings Check(const std::filesystem::path& file, const std::string& password, P
         } else {
             const Contents contents = CheckTables(store, findings, progress);
             CheckVerdicts(store, contents, findings, progress);
+            if (!review.empty()) {
+                CheckReview(store, review, contents, findings);
+            }
         }
     } catch (const platform::Error& error) {
         // It could be opened, so that this is a finding, too.

@@ -5,7 +5,9 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -33,6 +35,7 @@ struct Contents {
     std::unordered_map<std::int64_t, std::optional<double>>
         Temperatures;  // as number, where the label has one
     std::array<std::vector<std::int64_t>, kClasses.size()> Materials;
+    std::set<std::string, std::less<>> Sources;  // their codes; none where the database doesn't name them
 };
 
 /// The rows of all tables but the relation tables, and the keys of the materials.
@@ -40,6 +43,10 @@ Contents CheckTables(platform::Store& store, Findings& findings, Progress& progr
 
 /// The rows of the relation tables and their sources.
 void CheckVerdicts(platform::Store& store, const Contents& contents, Findings& findings, Progress& progress);
+
+/// What a review of the data has refused, and how much there is on each material. Throws BadData.
+void CheckReview(platform::Store& store, const std::filesystem::path& review, const Contents& contents,
+                 Findings& findings);
 
 /// The number that a temperature's label begins with ("-10ºC", "37,5 ºC").
 std::optional<double> TemperatureOf(std::string_view label);

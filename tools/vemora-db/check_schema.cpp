@@ -120,7 +120,10 @@ bool CheckSchema(platform::Store& store, Findings& findings) {
     bool complete = true;
     for (const auto& [name, definition] : expected) {
         const auto other = found.find(name);
-        if (other == found.end() || other->second.Type != definition.Type) {
+        if (other == found.end() && name == kSources.Name) {
+            findings.Add(Severity::Warning, "the table is missing, so that no source is told by its name",
+                         name, "");
+        } else if (other == found.end() || other->second.Type != definition.Type) {
             findings.Add(Severity::Error, "the " + definition.Type + " is missing", name, "");
             complete = complete && definition.Type != "table";
         } else if (other->second.Columns != definition.Columns) {

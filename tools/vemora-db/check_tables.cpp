@@ -12,6 +12,7 @@
 
 #include "platform/text/fold.h"
 #include "vemora-db/check_parts.h"
+#include "vemora-db/export_verdicts.h"
 
 namespace vemora_db {
 
@@ -284,6 +285,21 @@ void CheckKeys(platform::Store& store, const Contents& contents, Findings& findi
     }
 }
 
+void CheckSourceNames(platform::Store& store, Contents& contents, Findings& findings, Progress& progress) {
+    if (!HasTable(store, kSources.Name)) {
+        return;  // told with the tables
+    }
+    TableCheck check(store, kSources.Name, kSources.Columns, findings, progress);
+    for (const std::string_view name : {"Code", "NameSE", "NameEN", "NameDE"}) {
+        check.Need(name);
+    }
+    check.Unique("Code");
+    const int code = check.Place("Code");
+    while (check.Next()) {
+        contents.Sources.emplace(check.Text(code));
+    }
+}
+
 }  // namespace
 
 Contents CheckTables(platform::Store& store, Findings& findings, Progress& progress) {
@@ -292,6 +308,7 @@ Contents CheckTables(platform::Store& store, Findings& findings, Progress& progr
     CheckLabels(store, contents, findings, progress);
     CheckMaterials(store, contents, findings, progress);
     CheckKeys(store, contents, findings);
+    CheckSourceNames(store, contents, findings, progress);
     return contents;
 }
 

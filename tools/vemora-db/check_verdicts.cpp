@@ -5,6 +5,7 @@
 #include <array>
 #include <string>
 
+#include "platform/store/sources.h"
 #include "vemora-db/check_parts.h"
 
 namespace vemora_db {
@@ -156,6 +157,9 @@ class RelationCheck {
         sourceKnown_ = false;
         if (moreSources_ && source_ == line) {
             sourceKnown_ = sources_.Text(3).find_first_not_of(' ') != std::string_view::npos;
+            if (!contents_.Sources.empty()) {
+                CheckCodes();
+            }
             StepSource();
         }
         chemicalKnown_ = chemicals_.Meet(line[0]);
@@ -224,6 +228,21 @@ class RelationCheck {
         source_ = LineAt(sources_, 0);
     }
 
+    void CheckCodes() {
+        if (sources_.Text(3) == lastSource_) {
+            return;  // most lines have the sources of the line before
+        }
+        lastSource_ = sources_.Text(3);
+        for (const platform::SourceGroup& group : platform::ParseSources(lastSource_)) {
+            for (const std::string& code : group.Codes) {
+                if (!contents_.Sources.contains(code)) {
+                    findings_.Add(Severity::Warning, "a source without a name", "Source",
+                                  "\"" + code + "\" at " + Example(source_));
+                }
+            }
+        }
+    }
+
     void LostSource() {
         findings_.Add(Severity::Warning, "a source without a verdict", "Source",
                       relation_ + ", " + Example(source_));
@@ -244,6 +263,7 @@ class RelationCheck {
     bool moreSources_ = false;
     Line source_{};
     bool sourceKnown_ = false;
+    std::string lastSource_;
     std::size_t unsourced_ = 0;
     bool chemicalKnown_ = false;
     bool concentrationKnown_ = false;

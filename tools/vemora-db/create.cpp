@@ -35,6 +35,8 @@ class Creator {
         Load(kChemicals, references_.Chemicals);
         Load(kConcentrations, references_.Concentrations);
         Load(kTemperatures, references_.Temperatures);
+        Labels codes;
+        Load(kSources, codes);
         LoadMaterials();
         for (std::size_t i = 0; i < kClasses.size(); ++i) {
             CreateVerdicts(store_, data_, i, references_, progress_);

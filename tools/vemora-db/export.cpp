@@ -57,6 +57,7 @@ class Exporter {
         WriteTable(kChemicals);
         WriteTable(kConcentrations);
         WriteTable(kTemperatures);
+        WriteTable(kSources);
         std::array<Keys, kClasses.size()> keys;
         for (std::size_t i = 0; i < kClasses.size(); ++i) {
             keys[i] = ReadKeys(store_, kClasses[i]);
@@ -93,6 +94,10 @@ class Exporter {
             writer.Text(column.Name);
         }
         writer.EndRow();
+        if (!HasTable(store_, table.Name)) {
+            writer.Finish();
+            return;
+        }
         auto rows = store_.Prepare(SelectSql(table.Name, table.Columns));
         for (std::uintmax_t done = 1; rows.Step(); ++done) {
             progress_.Tell(table.File, done, 0);

@@ -146,6 +146,12 @@ class VerdictWriter {
 
 }  // namespace
 
+bool HasTable(platform::Store& store, std::string_view name) {
+    auto row = store.Prepare("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ?");
+    row.Bind(0, name);
+    return row.Step();
+}
+
 std::unordered_map<std::int64_t, std::string> ReadLabels(platform::Store& store, const Table& table) {
     std::unordered_map<std::int64_t, std::string> labels;
     auto rows =

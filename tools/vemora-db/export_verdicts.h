@@ -16,6 +16,9 @@
 
 namespace vemora_db {
 
+/// Whether the database has this table.
+bool HasTable(platform::Store& store, std::string_view name);
+
 /// The texts that name the rows of a table, by ID. Rows without one are left out.
 std::unordered_map<std::int64_t, std::string> ReadLabels(platform::Store& store, const Table& table);
 

@@ -68,6 +68,8 @@ constexpr const char* kCheckExamples =
     "      Prints a table of findings; exit status 1 when there are any.\n"
     "  vemora-db check --no-warnings Vemora.mdb\n"
     "      Looks at errors only, for the exit status, too.\n"
+    "  vemora-db check --review data/review.csv Vemora.mdb\n"
+    "      Looks also for verdicts that a review of the data has refused.\n"
     "  vemora-db check --quiet Vemora.mdb || echo \"not sound\"\n"
     "      Tells it by the exit status alone.";
 
@@ -117,6 +119,7 @@ struct Arguments {
     std::string File;
     std::string Other;
     std::vector<std::string> Chemicals;
+    std::string Review;
     std::string PasswordFile;
     bool Force = false;
     bool Quiet = false;
@@ -182,7 +185,8 @@ Status Tell(const Result& result, const Findings& findings, const Arguments& arg
 }
 
 Status RunCheck(const Arguments& arguments, std::ostream& out, Progress& progress) {
-    const Findings findings = Check(platform::PathFromUtf8(arguments.File), Password(arguments), progress);
+    const Findings findings = Check(platform::PathFromUtf8(arguments.File),
+                                    platform::PathFromUtf8(arguments.Review), Password(arguments), progress);
     return Tell(findings, findings, arguments, out, progress);
 }
 
@@ -249,6 +253,10 @@ Status Run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     CLI::App& check = *app.add_subcommand("check", "Look for all that is wrong in the database FILE");
     check.footer(kCheckExamples);
     AddFile(check, arguments, "Database to be checked");
+    check
+        .add_option("--review", arguments.Review,
+                    "Also look for what this file has refused, and for materials with few verdicts")
+        ->type_name("FILE");
     check.add_flag("-q,--quiet", arguments.Quiet, "Print nothing; the exit status tells");
     AddNoWarnings(check, arguments);
     AddPassword(check, arguments);

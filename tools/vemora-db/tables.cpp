@@ -27,6 +27,11 @@ constexpr Column kConcentrationColumns[] = {{"ID", Kind::Number},
                                             {"Med", Kind::Flag}};
 constexpr Column kTemperatureColumns[] = {
     {"ID", Kind::Number}, {"Temp", Kind::Text}, {"Egen", Kind::Flag}, {"Med", Kind::Flag}};
+constexpr Column kSourceColumns[] = {{"ID", Kind::Number},
+                                     {"Code", Kind::Text},
+                                     {"NameSE", Kind::Text},
+                                     {"NameEN", Kind::Text},
+                                     {"NameDE", Kind::Text}};
 constexpr Column kMaterialColumns[] = {
     {"ID", Kind::Number},          {"Name", Kind::Text}, {"Description", Kind::Text}, {"NameEN", Kind::Text},
     {"DescriptionEN", Kind::Text}, {"Egen", Kind::Flag}, {"Med", Kind::Flag}};
@@ -58,6 +63,8 @@ const Table kChemicals{"Chemical", "chemicals.csv", "NameSE", kChemicalColumns};
 const Table kConcentrations{"Conc", "concentrations.csv", "ConcentrationSE", kConcentrationColumns};
 const Table kTemperatures{"Temp", "temperatures.csv", "Temp", kTemperatureColumns};
 
+const Table kSources{"SourceName", "sources.csv", "Code", kSourceColumns};
+
 const std::span<const std::string_view> kMaterialsHeading = kMaterialsColumns;
 
 const std::array<MaterialClass, 4> kClasses = {
@@ -66,8 +73,8 @@ const std::array<MaterialClass, 4> kClasses = {
      {"Tight", "relTight", "TightID", "verdicts-tight.csv", kSealColumns, kTightIDs},
      {"Misc", "relMisc", "MiscID", "verdicts-misc.csv", kMaterialColumns, {}}}};
 
-std::array<std::string_view, 8> DataFiles() {
-    return {kChemicals.File,  kConcentrations.File, kTemperatures.File, kMaterialsFile,
+std::array<std::string_view, 9> DataFiles() {
+    return {kChemicals.File,  kConcentrations.File, kTemperatures.File, kSources.File,   kMaterialsFile,
             kClasses[0].File, kClasses[1].File,     kClasses[2].File,   kClasses[3].File};
 }
 

@@ -38,6 +38,8 @@ struct Table {
 extern const Table kChemicals;
 extern const Table kConcentrations;
 extern const Table kTemperatures;
+/// What the codes of the sources stand for. Databases of before it was thought of don't have it.
+extern const Table kSources;
 
 /// One of the four classes of materials. All classes lie in kMaterialsFile, their verdicts in a file each.
 struct MaterialClass {
@@ -64,7 +66,7 @@ inline constexpr std::string_view kSourceColumn = "Source";
 inline constexpr int kNoConcentration = -1;
 
 /// All files of a data folder.
-std::array<std::string_view, 8> DataFiles();
+std::array<std::string_view, 9> DataFiles();
 
 /// Whether a text may be the key of a material: not empty, no heading of its own meaning, no "#".
 bool IsKey(std::string_view key);

@@ -26,6 +26,7 @@ class ListItem {
     /// The list finds the row by it: fixed from the start.
     const std::string& Key() const { return key_; }
     std::string Text;
+    std::string Tag;  // what the window keeps of the row; never shown
     /// Sub-item by column, from 1; empty where none was added.
     const std::string& SubItems(std::size_t column) const;
     void AddSubItem(std::string text) { subItems_.push_back(std::move(text)); }
@@ -122,6 +123,8 @@ class ListView final : public Control {
 
     /// How the text of a column is to be shown and read aloud; plain and as it stands where there is none.
     std::function<CellLook(int column, const std::string& text)> Look;
+    /// More about a row, asked for when it is shown or spoken.
+    std::function<std::string(const ListItem&)> Tip;
 
     std::function<void(const ListItem&)> ItemClick;
     /// The user has ticked a row, or taken the tick away.
