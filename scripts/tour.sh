@@ -103,7 +103,7 @@ tour() {
     # The report goes to the clipboard and a box tells it.
     keys ctrl+c
     wait_for "the message" window '^Vemora$'
-    [ "$language" = English ] && picture "$language-3-copied" root
+    picture "$language-3-copied" root
     xclip -selection clipboard -o >"$work/report.txt" || fail "there is nothing on the clipboard"
     grep -q $'\t' "$work/report.txt" || fail "the report holds no table"
     keys Return
@@ -171,8 +171,12 @@ keep() {
     wait_for "the end of the about box" active_is "$main_title"
 
     # A chemical of one's own: its formula and its name are typed, and the search finds it.
-    [ "$language" = English ] || return 0
-    open_from_menu m c Chemicals
+    local chemicals resistance settings close own
+    case "$language" in
+        Svenska) chemicals="k Kemikalier" resistance="b Beständighet – Metall" settings="i Urval: Koncentration" close=alt+g own=egen ;;
+        English) chemicals="c Chemicals" resistance="r Resistance – Metal" settings="e Selection: Concentration" close=alt+o own=own ;;
+    esac
+    open_from_menu "$menu" "${chemicals%% *}" "${chemicals#* }"
     keys alt+n
     xdotool type --delay 40 "C2H5SO4-"
     keys Tab
@@ -192,26 +196,26 @@ keep() {
     picture "$language-7-own"
 
     # A verdict of one's own for it: what is chosen is chosen by keys alone.
-    open_from_menu m r "Resistance – Metal"
+    open_from_menu "$menu" "${resistance%% *}" "${resistance#* }"
     xdotool type --delay 40 "Tour"
     keys Tab Tab Down Down Tab Down Tab Tab Down Tab Down
     picture "$language-8-chosen"
     keys alt+s
     picture "$language-8-resistance"
-    keys alt+o
+    keys "$close"
     wait_for "the end of the resistance" active_is "$main_title"
     keys shift+Tab shift+Tab shift+Tab Tab Tab Tab Return
     wait_for "the sheet" two_windows "$word"
     keys ctrl+c
     wait_for "the message" window '^Vemora$'
-    xclip -selection clipboard -o | grep -q "own" || fail "the verdict is not on the sheet"
+    xclip -selection clipboard -o | grep -q "$own" || fail "the verdict is not on the sheet"
     keys Return
     wait_for "the sheet again" two_windows "$word"
-    keys alt+o
+    keys "$close"
     wait_for "the sheet's end" active_is "$main_title"
 
     # What takes part: the next page, its first row, and the save.
-    open_from_menu m e "Selection: Concentration"
+    open_from_menu "$menu" "${settings%% *}" "${settings#* }"
     keys ctrl+Next Tab Down space
     picture "$language-9-settings"
     keys alt+o
