@@ -5,11 +5,13 @@
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
+#include <QLabel>
 #include <QRadioButton>
 #include <memory>
 
 #include "qt/form_window.h"
 #include "qt/picture_adapters.h"
+#include "qt/texts.h"
 
 namespace qt {
 
@@ -53,6 +55,23 @@ class AccessibleOption final : public QAccessibleWidget {
     QRadioButton* option_;
 };
 
+/// A label that tells outcomes is a notification: readers of the screen then read what comes up in it.
+class AccessibleLabel final : public QAccessibleWidget {
+  public:
+    explicit AccessibleLabel(QLabel* label) : QAccessibleWidget(label), label_(label) {}
+    QAccessible::Role role() const override {
+        return label_->property(kOutcome).toBool() ? QAccessible::Notification : QAccessible::StaticText;
+    }
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name && label_->accessibleName().isEmpty()
+                   ? WithoutMnemonic(label_->text())
+                   : QAccessibleWidget::text(kind);
+    }
+
+  private:
+    QLabel* label_;
+};
+
 template <class Interface, class Widget>
 QAccessibleInterface* Given(Widget* widget) {
     return std::make_unique<Interface>(widget).release();  // the toolkit keeps and frees what it gets
@@ -61,6 +80,9 @@ QAccessibleInterface* Given(Widget* widget) {
 QAccessibleInterface* Make(const QString& type, QObject* object) {
     if (type == QLatin1String("QRadioButton")) {
         return Given<AccessibleOption>(static_cast<QRadioButton*>(object));
+    }
+    if (type == QLatin1String("QLabel")) {
+        return Given<AccessibleLabel>(static_cast<QLabel*>(object));
     }
     if (type != QLatin1String("QWidget")) {
         return nullptr;

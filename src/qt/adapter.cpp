@@ -107,7 +107,11 @@ void WidgetAdapter::Carry() {
     // What its container says already isn't said again for each control on it.
     const bool said =
         control.Container() != nullptr && control.Container()->ToolTipText.Get() == control.ToolTipText.Get();
-    widget_->setAccessibleDescription(said ? QString() : QString::fromStdString(control.ToolTipText));
+    // An empty description would be the tool tip again.
+    const QString description = said ? QStringLiteral(" ") : QString::fromStdString(control.ToolTipText);
+    if (widget_->accessibleDescription() != description) {
+        widget_->setAccessibleDescription(description);
+    }
     widget_->setEnabled(control.Enabled);
     CarryOwn();
 }

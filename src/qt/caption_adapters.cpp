@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/forms/form.h"
+#include "qt/accessible_roles.h"
 #include "qt/form_window.h"
 #include "qt/owned.h"
 #include "qt/texts.h"
@@ -49,6 +50,8 @@ LabelAdapter::LabelAdapter(FormWindow& window, platform::Label& label)
       label_(label),
       widget_(static_cast<QLabel*>(Widget())) {
     widget_->setTextFormat(Qt::PlainText);
+    // Without a text of its own it is there for what comes up. Readers of the screen ask for its role once.
+    widget_->setProperty(kOutcome, label.Caption->empty() && label.Tag->empty());
 }
 
 void LabelAdapter::CarryOwn() {
@@ -69,8 +72,11 @@ void LabelAdapter::CarryOwn() {
     widget_->setText(text);
     if (outcome) {
         widget_->setAccessibleName(text);
-        QAccessibleEvent event(widget_, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
+        // One system listens for the first, another for the second.
+        for (const auto kind : {QAccessible::Alert, QAccessible::ObjectShow}) {
+            QAccessibleEvent event(widget_, kind);
+            QAccessible::updateAccessibility(&event);
+        }
     }
     Window().NamesChanged();
 }

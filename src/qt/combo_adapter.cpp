@@ -3,6 +3,8 @@
 
 #include "qt/combo_adapter.h"
 
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QComboBox>
 #include <QEvent>
 #include <QStyleOptionComboBox>
@@ -80,6 +82,13 @@ void ComboBoxAdapter::CarryOwn() {
     }
     // The first entry added to an empty box is selected by the box itself.
     widget_->setCurrentIndex(combo_.ListIndex);
+    // A new entry is heard as what the keyboard is at; some readers pass over a new name or value of the box.
+    if (widget_->hasFocus() && spoken_ != combo_.ListIndex && combo_.ListIndex >= 0) {
+        QAccessibleEvent event(widget_->view(), QAccessible::Focus);
+        event.setChild(combo_.ListIndex);
+        QAccessible::updateAccessibility(&event);
+    }
+    spoken_ = combo_.ListIndex;
 }
 
 bool ComboBoxAdapter::Filter(QEvent& event) {

@@ -21,6 +21,7 @@ class ComboBoxAdapter final : public WidgetAdapter {
   private:
     platform::ComboBox& combo_;
     QComboBox* widget_;
+    int spoken_ = -1;  // the entry that was there last
 };
 
 }  // namespace qt

@@ -191,7 +191,11 @@ void FormWindow::Flush() {
             namesDue_ = false;
             for (const auto& adapter : adapters_) {
                 if (QWidget* widget = adapter->Widget()) {
-                    widget->setAccessibleName(AccessibleName(adapter->Model()));
+                    // Setting a name tells of it, even when it is the same.
+                    if (const QString name = AccessibleName(adapter->Model());
+                        widget->accessibleName() != name) {
+                        widget->setAccessibleName(name);
+                    }
                 }
             }
         }

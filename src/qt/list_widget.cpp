@@ -190,9 +190,15 @@ void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& p
 
 void ListWidget::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
-    if (currentIndex().isValid()) {
-        QTreeView::currentChanged(currentIndex(), {});
-    }
+    // Behind what the toolkit tells of the list as a whole.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (hasFocus() && currentIndex().isValid()) {
+                QTreeView::currentChanged(currentIndex(), {});
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 // The toolkit searches in the column of the current cell.

@@ -115,27 +115,23 @@ TEST(Check, TellsWhatAReviewHasRefused) {
         "Rule,ChemID,Chemical,ConcID,Concentration,TempID,Temperature,Class,Key,Reason\n";
     const auto check = [&](const std::string& lines) {
         publisher.Write("review.csv", heading + lines);
-        return publisher.Run({"check", "--review", "/review.csv", "/Vemora.mdb"});
+        Outcome outcome = publisher.Run({"check", "--review", "/review.csv", "/Vemora.mdb"});
+        outcome.Out = std::regex_replace(outcome.Out, std::regex(" +"), " ");
+        return outcome;
     };
-    std::string thin;
-    for (const char* const key :
-         {"Metal,Metal-5", "Metal,Metal-7", "Metal,Metal-8", "Misc,Misc-1", "Misc,Misc-2"}) {
-        thin += "thin,,,,,,," + std::string(key) + ",\n";
-    }
     // At any concentration and temperature, at one of each, and from a temperature on; the user's own stays.
-    for (const auto& [rule, count] :
-         {std::pair("1,Svavelsyra,,,,", 2), std::pair("1,Svavelsyra,1,10 %,1,20ºC", 1),
-          std::pair("1,Svavelsyra,,,2,60ºC", 0), std::pair("2,Paraffin,,,,", 0),
-          std::pair("5,Egen lut,,,,", 0)}) {
-        const Outcome outcome = check("not +," + std::string(rule) + ",Metal,Metal-1,\n" + thin);
-        const std::string out = std::regex_replace(outcome.Out, std::regex(" +"), " ");
+    const std::pair<const char*, int> rules[] = {{"1,Svavelsyra,,,,", 2},
+                                                 {"1,Svavelsyra,1,10 %,1,20ºC", 1},
+                                                 {"1,Svavelsyra,,,2,60ºC", 0},
+                                                 {"5,Egen lut,,,,", 0}};
+    for (const auto& [rule, count] : rules) {
+        const std::string out =
+            check("not +," + std::string(rule) + ",Metal,Metal-1,\nthin,,,,,,,Misc,Misc-1,\n").Out;
         EXPECT_EQ(
             Has(out, "error relMetal " + std::to_string(count) + " a verdict that has been refused is +: S"),
             count > 0)
             << rule << out;
-        EXPECT_TRUE(Has(out, "warning Metal 1 a material with verdicts on few chemicals: Metal-1: 3\n"))
-            << out;
-        EXPECT_FALSE(Has(out, "warning Misc")) << out;
+        EXPECT_TRUE(Has(out, "warning Misc 1 a material with verdicts on few chemicals: Misc-2: 1\n")) << out;
     }
     for (const char* const bad :
          {"good,,,,,,,Metal,Metal-1,", "not +,1,Svavel,,,,,Metal,Metal-1,",
