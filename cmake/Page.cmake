@@ -30,7 +30,7 @@ table { border-collapse: collapse; display: block; overflow-x: auto }
 th, td { border: 1px solid #bbb; padding: .25rem .5rem; text-align: left; vertical-align: top }
 code, kbd { background: #eef3f5; padding: 0 .2rem; overflow-wrap: anywhere }
 pre code { display: block; padding: .5rem; overflow-x: auto }
-img { max-width: 100% }
+img { max-width: 100%; box-sizing: border-box; border: 1px solid #bbb }
 @media (prefers-color-scheme: dark) {
   body { color: #ddd; background: #1c1f21 }
   h1, h2, h3, a { color: #8fc3da }

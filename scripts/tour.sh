@@ -141,7 +141,7 @@ open_from_menu() {
     wait_for "the window $3" active_is "$3"
 }
 keep() {
-    local language=$1 word=$2 menu entries entry letter title main_title
+    local language=$1 word=$2 menu entries entry letter title main_title name
     main_title=$(xdotool getwindowname "$(window "$word")")
     case "$language" in
         Svenska) menu=u entries="n=Koncentrationer t=Temperatur m=Metall p=Plast g=Tätning r=Övrigt" ;;
@@ -170,19 +170,25 @@ keep() {
     keys Return
     wait_for "the end of the about box" active_is "$main_title"
 
-    # A chemical of one's own: its formula and its name are typed, and the search finds it.
-    local chemicals resistance settings close own
+    # A chemical of one's own: its formula and its names are typed, and the search finds it.
+    local chemicals resistance settings close own bath
     case "$language" in
-        Svenska) chemicals="k Kemikalier" resistance="b Beständighet – Metall" settings="i Urval: Koncentration" close=alt+g own=egen ;;
-        English) chemicals="c Chemicals" resistance="r Resistance – Metal" settings="e Selection: Concentration" close=alt+o own=own ;;
+        Svenska)
+            chemicals="k Kemikalier" resistance="b Beständighet – Metall" settings="i Urval: Koncentration"
+            close=alt+g own=egen bath=betb
+            ;;
+        English)
+            chemicals="c Chemicals" resistance="r Resistance – Metal" settings="e Selection: Concentration"
+            close=alt+o own=own bath=pickl
+            ;;
     esac
     open_from_menu "$menu" "${chemicals%% *}" "${chemicals#* }"
     keys alt+n
-    xdotool type --delay 40 "C2H5SO4-"
-    keys Tab
-    xdotool type --delay 20 "tourolja"
-    keys Tab
-    xdotool type --delay 20 "Tour oil"
+    xdotool type --delay 40 "HSO4-"
+    for name in betbad "Pickling bath" Beizbad; do
+        keys Tab
+        xdotool type --delay 20 "$name"
+    done
     picture "$language-6-new"
     keys alt+s
     wait_for "the list again" settled
@@ -190,14 +196,14 @@ keep() {
     keys Escape
     wait_for "the end of the chemicals" active_is "$main_title"
     keys shift+Tab shift+Tab shift+Tab
-    xdotool type --delay 20 "tour oil"
+    xdotool type --delay 20 "pickling"
     keys Return
     wait_for "the hits" settled
     picture "$language-7-own"
 
     # A verdict of one's own for it: what is chosen is chosen by keys alone.
     open_from_menu "$menu" "${resistance%% *}" "${resistance#* }"
-    xdotool type --delay 40 "Tour"
+    xdotool type --delay 40 "$bath"
     keys Tab Tab Down Down Tab Down Tab Tab Down Tab Down
     picture "$language-8-chosen"
     keys alt+s
@@ -225,11 +231,13 @@ keeps_what_is_the_users() {
     local before
     before=$(cat "$1/Vemora.mdb" "$1/bin/lang.ini" | md5sum)
     echo "old" >"$1/pages/manual-en.html"
+    rm "$1/pages/pictures/en-sheet.png"
     "$start" >"$work/again.log" 2>&1 &
     program=$!
     wait_for "the main window again" window Vemora
     [ "$before" = "$(cat "$1/Vemora.mdb" "$1/bin/lang.ini" | md5sum)" ] || fail "the user's files have changed"
     grep -q "</html>" "$1/pages/manual-en.html" || fail "the pages have not been renewed"
+    [ -s "$1/pages/pictures/en-sheet.png" ] || fail "the pages' pictures have not been renewed"
     kill "$program"
     wait "$program" 2>/dev/null || true
     program=
@@ -253,6 +261,6 @@ choose_language() {
     fail "the language $2 can't be chosen"
 }
 
-tour Svenska Svenska Vemora svavelsyra
+tour Svenska Svenska Vemora aceton
 tour English English Vemora acetone
 echo "tour: passed"
