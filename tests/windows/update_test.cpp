@@ -43,7 +43,7 @@ class Update : public testing::Test {
     void Press() {
         const Strings before = Run.All();
         Run.Desktop.WhileModal<frmUPD>([&](frmUPD& w) {
-            w.Inet.Limits.Silence = std::chrono::milliseconds(300);
+            w.Inet.Limits.Silence = std::chrono::seconds(10);
             EXPECT_EQ(w.lblPost.Caption, "");
             Run.Desktop.OnPaint = [&] {
                 EXPECT_FALSE(w.cmdImport.Enabled || w.cmdClose.Enabled);
