@@ -110,8 +110,10 @@ void frmChemical::FyllRader(int index, Recordset& rs) {
         if (rs["Egen"].Bool()) {
             mark = TextTillAndra("R0020");
         }
-        platform::ListItem& item = lvwMaterial.AddItem("", GetConc(rs["ConcID"].Text()));
-        std::string temperature = GetTemp(rs["TempID"].Text());
+        const std::string conc = rs["ConcID"].Text();
+        const std::string temp = rs["TempID"].Text();
+        platform::ListItem& item = lvwMaterial.AddItem("", GetConc(conc));
+        std::string temperature = GetTemp(temp);
         if (platform::Len(temperature) == 2) {
             temperature.insert(0, " ");
         }
@@ -124,9 +126,10 @@ void frmChemical::FyllRader(int index, Recordset& rs) {
         }
         item.AddSubItem(std::move(description));
         if (mark.empty()) {
-            item.Tag = std::to_string(index).append("|").append(rs["ConcID"].Text()).append("|");
-            item.Tag.append(rs["TempID"].Text()).append("|");
-            item.Tag.append(platform::Mid(rs["IDFält"].Text(), 3));
+            // Behind the columns, where nobody sees it: what leads to the sources.
+            std::string place = std::to_string(index);
+            item.AddSubItem(place.append("|").append(conc).append("|").append(temp).append("|").append(
+                rs["IDFält"].Text()));
         }
         rs.MoveNext();
     }

@@ -27,14 +27,15 @@ std::string Ask(platform::adodb::Connection& cn, const std::string& field, const
 }  // namespace
 
 std::string frmChemical::Källor(const platform::ListItem& item) {
-    if (item.Tag.empty()) {
+    const std::string& place = item.SubItems(5);
+    if (place.empty()) {
         return TextTillAndra("R0153");
     }
     constexpr std::array classes = {"Metal", "Plast", "Tight", "Misc"};
-    std::istringstream tag(item.Tag);
+    std::istringstream parts(place);
     std::string part[4];  // class, concentration, temperature, material
     for (std::string& one : part) {
-        std::getline(tag, one, '|');
+        std::getline(parts, one, '|');
     }
     const std::string name = classes.at(static_cast<std::size_t>(part[0][0] - '0'));
     const std::string column = gSpråk == "Svenska" ? "NameSE" : gSpråk == "English" ? "NameEN" : "NameDE";
@@ -44,8 +45,8 @@ std::string frmChemical::Källor(const platform::ListItem& item) {
             Ask(*gCn, "Source",
                 "Source WHERE RelTable = 'rel" + name + "' AND ChemID = " + txtFields(0).Text.Get() +
                     " AND ConcID = " + part[1] + " AND TempID = " + part[2]);
-        const std::string key =
-            Ask(*gCn, "Key", "MaterialKey WHERE Class = '" + name + "' AND ID = " + part[3]);
+        const std::string key = Ask(
+            *gCn, "Key", "MaterialKey WHERE Class = '" + name + "' AND ID = " + platform::Mid(part[3], 3));
         for (const std::string& code : platform::SourceCodes(text, key)) {
             const std::string known =
                 Ask(*gCn, column, "SourceName WHERE Code = '" + platform::Replace(code, "'", "''") + "'");

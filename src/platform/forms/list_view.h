@@ -26,7 +26,6 @@ class ListItem {
     /// The list finds the row by it: fixed from the start.
     const std::string& Key() const { return key_; }
     std::string Text;
-    std::string Tag;  // what the window keeps of the row; never shown
     /// Sub-item by column, from 1; empty where none was added.
     const std::string& SubItems(std::size_t column) const;
     void AddSubItem(std::string text) { subItems_.push_back(std::move(text)); }
