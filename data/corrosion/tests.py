@@ -17,7 +17,7 @@ ALIAS={ # environment -> English name here
 'Perchloroethylene':'Perchloroethylene','Tetrachloroethylene':'Perchloroethylene','Furfuraldehyde':'Furfural','Chloroacetic Acid':'Chloroacetic acid','Monochloroacetic Acid':'Chloroacetic acid','Hydrogen Cyanide':'Hydrocyanic acid',
 'Benzine':'','Hydrogen Chloride':'Hydrogen chloride gas', 'Chlorine Water':'Chlorine water','Tannin':'Tannic acid','Lead Acetate':'Lead acetate','Tin Chloride':'Stannous chloride','Stannic Chloride':'Stannic chloride','Soap':'Soap solution','Cottonseed Oil':'Cottonseed oil','Lye':'',
 'Potassium Bichromate':'Potassium dichromate','Potassium Bisulfate':'Potassium hydrogen sulfate','Potassium Bicarbonate':'Potassium hydrogen carbonate','Sodium Thiosulfate':'Sodium thiosulfate','Hydroxyacetic Acid':'Glycolic acid','Ethylene Dichloride':'Ethylene dichloride','Sulfur Dioxide':'Sulfur dioxide','Sulfurous Acid':'Sulfurous acid',
-'Sodium Peroxide':'Sodium peroxide','Phenol':'Phenol','Carbolic Acid':'Phenol','Cresol':'Cresol','Cresylic Acid':'Cresol','Cellosolve':'2-Ethoxyethanol','Mineral Oil':'Mineral oil','Lubricating Oil':'Motor oil','Petroleum':'Crude oil','Petroleum Oil, Crude':'Crude oil',
+'Sodium Peroxide':'Sodium peroxide','Phenol':'Phenol','Carbolic Acid':'Phenol','Cresol':'Cresol','Cresylic Acid':'Cresol','Cellosolve':'2-Ethoxyethanol','Mineral Oil':'Mineral oil','Lubricating Oil':'Motor oil','Petroleum':'Crude oil','Petroleum Naphtha':'Naphtha','Paraffin':'Paraffin wax','Petroleum Oil, Crude':'Crude oil',
 }
 def norm(s):
     s=s.lower().replace('aluminum','aluminium').replace('sulph','sulf').replace('(iii)','').strip()
