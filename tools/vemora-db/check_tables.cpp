@@ -6,9 +6,12 @@
 #include <algorithm>
 #include <functional>
 #include <locale>
+#include <memory>
+#include <memory_resource>
 #include <set>
 #include <sstream>
 #include <string>
+#include <unordered_map>
 
 #include "platform/text/fold.h"
 #include "vemora-db/check_parts.h"
@@ -47,6 +50,7 @@ class Names {
           where_(std::move(where)),
           rowName_(std::move(rowName)) {}
 
+    void Reserve(std::size_t names) { seen_.reserve(names); }
     void Add(std::string_view name, std::int64_t row) {
         if (name.empty()) {
             return;
@@ -66,7 +70,10 @@ class Names {
     std::string what_;
     std::string where_;
     RowName rowName_;
-    std::unordered_map<std::uint64_t, std::int64_t> seen_;
+    // Hundreds of thousands of small nodes, which go together.
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> nodes_ =
+        std::make_unique<std::pmr::monotonic_buffer_resource>();
+    std::pmr::unordered_map<std::uint64_t, std::int64_t> seen_{nodes_.get()};
     std::string folded_;
 };
 
@@ -82,7 +89,11 @@ class TableCheck {
           columns_(columns),
           rows_(store.Prepare(SelectSql(table, columns))),
           findings_(findings),
-          progress_(progress) {}
+          progress_(progress) {
+        auto rows = store.Prepare("SELECT count(*) FROM " + table_);
+        rows.Step();
+        rowCount_ = static_cast<std::size_t>(rows.Integer(0));
+    }
 
     void Need(std::string_view column) { needed_.push_back(Place(column)); }
     void NeedTogether(const Languages& columns) {
@@ -93,6 +104,7 @@ class TableCheck {
     }
     void Unique(std::string_view column) {
         unique_.push_back({Place(column), Names(findings_, "the name is there twice", Where(column))});
+        unique_.back().Seen.Reserve(rowCount_);
     }
     int Place(std::string_view column) const {
         const auto found = std::find_if(columns_.begin(), columns_.end(),
@@ -172,6 +184,7 @@ class TableCheck {
     std::vector<std::vector<int>> together_;
     std::vector<UniqueColumn> unique_;
     std::uintmax_t count_ = 0;
+    std::size_t rowCount_ = 0;
 };
 
 void CheckChemicals(platform::Store& store, Contents& contents, Findings& findings, Progress& progress) {
