@@ -36,7 +36,7 @@ ALIASES = {
     'Potassium Bisulfate': 'Potassium hydrogen sulfate', 'Potassium Bicarbonate': 'Potassium hydrogen carbonate',
     'Hydroxyacetic Acid': 'Glycolic acid', 'Carbolic Acid': 'Phenol', 'Cresylic Acid': 'Cresol',
     'Lubricating Oil': 'Motor oil', 'Petroleum': 'Crude oil', 'Petroleum Naphtha': 'Naphtha',
-    'Paraffin': 'Paraffin wax', 'Petroleum Oil, Crude': 'Crude oil'}
+    'Barium Chloride Dihydrate': 'Barium chloride', 'Paraffin': 'Paraffin wax', 'Petroleum Oil, Crude': 'Crude oil'}
 
 # Our keys of the materials, by those of the extract.
 MATERIALS = {'A20': 'Alloy20', 'C276': 'C-276'} | {
@@ -50,7 +50,7 @@ BRASSES = [(re.compile('red brass|commercial bronze', re.I), 'RedBrass'),
 ATTACK = re.compile(r'pit|crevice|crack|stress|scc|intergran|selective|local|dezinc|graphit|weld|attack', re.I)
 # Comments that tell of more than the chemical and the metal.
 SPECIAL = re.compile(
-    r'CHECK|\bbar\b|plus |with |molten|fused|vapor|vapour|pressure|steam|autoclave|mercury cell|diaphragm|activated|'
+    r'\bbar\b|plus |with |molten|fused|vapor|vapour|pressure|steam|autoclave|mercury cell|diaphragm|activated|'
     r'passivat|processing|field|plant|spray|immersion, |alternate|ph ?\d|stabili|inhibit|contain|chlorid|'
     r'saturated with|impur|irradiat|galvanic|nickel|commercial|drops|sulfur content|coat|anod|deposit|weld|sensiti|'
     r'stress|U-bend|reflux|crude|waste|bleach|tank|column|% ?(h|w)|mixed|mixture|sludge|slurry|paint', re.I)
@@ -111,6 +111,8 @@ def material_of(row):
 def contradicts_itself(row):
     """Figures whose two units don't agree, or that belong to a mixture: told by those who copied them."""
     where = (row.environment.lower(), row.code)
+    if row.comment.startswith('CHECK'):
+        return True
     if where[0] == 'sodium nitrate' and row.rate.startswith('71.3'):
         return True
     if where[0] == 'sodium silicate' and row.rate in ('125 max', '50 max'):
@@ -283,7 +285,8 @@ class Places:
         return chemical, usual, 'pure' if usual in (PURE, SUPPLIED) else 'unknown', None
 
     def _stated(self, chemical, usual, stated):
-        words = {'saturated': (SATURATED, 'saturated'), 'sat': (SATURATED, 'saturated'), 'conc': (CONCENTRATED, 'strong'),
+        words = {'saturated': (SATURATED, 'saturated'), 'saturated solution': (SATURATED, 'saturated'),
+                 'sat': (SATURATED, 'saturated'), 'conc': (CONCENTRATED, 'strong'),
                  'concentrated': (CONCENTRATED, 'strong'), 'dilute': (DILUTE, 'weak')}
         if stated in words:
             return chemical, *words[stated], None

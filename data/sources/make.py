@@ -203,11 +203,11 @@ def main(before, review):
                    materials=sum(map(len, data.materials.values())), all=sum(figures[c] for c in CLASSES),
                    all20=sum(figures[c + '20'] for c in CLASSES))
     write_sources(data, figures, {
+        'withheld': ', '.join(f'{k} ({len(v)})' for k, v in sorted(withheld.items())),
         'look': '; '.join(weaker_but_worse(data)) or 'none',
         'thin': f"Few verdicts stand behind {', '.join(thin)}." if thin
                 else 'Every material has verdicts on 20 chemicals or more.'})
     print(dict(figures))
-    print('not listed', {k: len(v) for k, v in withheld.items()})
     for cls in CLASSES:
         print(cls, {k: len(v) for k, v in sorted(data.chemicals_of(cls).items(), key=lambda one: len(one[1]))})
 
