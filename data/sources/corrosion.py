@@ -45,6 +45,7 @@ MATERIALS = {'A20': 'Alloy20', 'C276': 'C-276'} | {
 # The extract has all copper-zinc alloys under one key.
 BRASSES = [(re.compile('red brass|commercial bronze', re.I), 'RedBrass'),
            (re.compile('admiralty', re.I), 'Admiralty'),
+           (re.compile('free-cut|architectural', re.I), 'LeadedBrass'),
            (re.compile('silicon|aluminum', re.I), None)]
 
 ATTACK = re.compile(r'pit|crevice|crack|stress|scc|intergran|selective|local|dezinc|graphit|weld|attack', re.I)

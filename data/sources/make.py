@@ -10,6 +10,7 @@ import sys
 import base
 import corrosion
 import rules
+import tubes
 from base import CLASSES, RANK, TEMPERATURES, TEMPERATURE_ID
 
 FOLDER = os.path.dirname(os.path.abspath(__file__))
@@ -17,25 +18,34 @@ DATA = os.path.dirname(FOLDER)
 THIN = 20  # chemicals
 
 
+def add(data, figures, cls, key, material, verdict, source):
+    """A verdict of one more source; where something else stands, the more cautious of the two."""
+    cells = data.cells[cls][key]
+    if material not in cells:
+        cells[material] = [verdict, {source}]
+    elif cells[material][0] == verdict:
+        figures['agree ' + source] += 1
+        cells[material][1].add(source)
+    else:
+        figures['differ ' + source] += 1
+        if RANK[verdict] < RANK[cells[material][0]]:
+            cells[material] = [verdict, {source}]
+
+
 def add_corrosion(data, figures):
-    """ND1's verdicts; where something stands, the more cautious of the two. Returns the chemicals of each metal that
-    the materials don't list."""
+    """ND1's verdicts. Returns the chemicals of each metal that the materials don't list."""
     withheld = collections.defaultdict(set)
     for (chemical, concentration, degrees, material), verdict in corrosion.verdicts(data, figures).items():
-        if material not in data.materials['metal']:
-            withheld[material].add(chemical)
-            continue
-        cells = data.cells['metal'][chemical, concentration, TEMPERATURE_ID[degrees]]
-        if material not in cells:
-            cells[material] = [verdict, {'ND1'}]
-        elif cells[material][0] == verdict:
-            figures['agree'] += 1
-            cells[material][1].add('ND1')
+        if material in data.materials['metal']:
+            add(data, figures, 'metal', (chemical, concentration, TEMPERATURE_ID[degrees]), material, verdict, 'ND1')
         else:
-            figures['differ'] += 1
-            if RANK[verdict] < RANK[cells[material][0]]:
-                cells[material] = [verdict, {'ND1'}]
+            withheld[material].add(chemical)
     return withheld
+
+
+def add_tubes(data, figures):
+    for chemical, concentration, material, verdict in tubes.verdicts(data):
+        add(data, figures, 'tight', (chemical, concentration, TEMPERATURE_ID[20]), material, verdict, 'LC4')
 
 
 def add_seals(data):
@@ -193,6 +203,7 @@ def main(before, review):
     data = base.Data(DATA, before)
     add_seals(data)
     withheld = add_corrosion(data, figures)
+    add_tubes(data, figures)
     refused = refuse(data)
     figures['between'] = sum(group == 'p' for group in refused.values())
     cool(data, figures)

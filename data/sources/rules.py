@@ -20,7 +20,7 @@ FLUORIDE_ACIDS = {'Hexafluorosilicic acid', 'Hydrofluoric acid'}
 AROMATIC = {'Benzaldehyde', 'Furfural', 'Acetophenone'}
 CHLORINATED = {'Methyl chloride', 'Methylene chloride', 'Chloroform', 'Ethylene dichloride', 'Ethyl chloride'}
 STRONG_ALKALIS = {'Sodium hydroxide', 'Potassium hydroxide'}
-COPPER = {'Cu', 'Brass', 'RedBrass', 'Admiralty', 'Bronze', 'AlBronze'}
+COPPER = {'Cu', 'Brass', 'RedBrass', 'LeadedBrass', 'Admiralty', 'Bronze', 'AlBronze'}
 PURE, GAS = 53, 55  # concentrations
 
 
@@ -95,7 +95,9 @@ RULES = [
     Rule('l', 'metal', {'2205'}, ACID_CHLORIDES, '0'),
     Rule('l', 'metal', {'304', '316', '2205', '904L', 'Al', 'Alloy20', '825'}, OXIDISING_CHLORIDES | HYPOCHLORITES,
          '-'),
+    Rule('e', 'tight', {'TPE'}, {'Nitric acid'}, '0', stated(30)),
     Rule('m', 'tight', {'NBR'}, {'Maleic acid'}, '-'),
+    Rule('m', 'tight', {'PU'}, {'Ammonium persulfate'}, '-'),
     Rule('n', 'metal', {'Ti'}, {'Hydrochloric acid', 'Sulfuric acid'}, None, strong(5)),
     Rule('n', 'metal', {'Ti'}, FLUORIDE_ACIDS | {'Ammonium fluoride', 'Hydrogen fluoride, anhydrous',
                                                  'Chlorine gas, dry', 'Chlorine, liquid'}, None),
