@@ -148,17 +148,24 @@ test::Log Unspoken(QWidget* window, const platform::Form& form) {
         }
     };
     check(form.Name(), window, QAccessible::Dialog);
-    // The toolkit knows the roles of the others.
-    const std::map<std::string_view, QAccessible::Role> roles = {{"OptionButton", QAccessible::RadioButton},
-                                                                 {"Image", QAccessible::Graphic}};
+    // Both kinds of lists are the toolkit's view of rows.
+    const std::map<std::string_view, QAccessible::Role> roles = {{"CheckBox", QAccessible::CheckBox},
+                                                                 {"ComboBox", QAccessible::ComboBox},
+                                                                 {"CommandButton", QAccessible::Button},
+                                                                 {"Frame", QAccessible::Grouping},
+                                                                 {"Image", QAccessible::Graphic},
+                                                                 {"ListBox", QAccessible::Tree},
+                                                                 {"ListView", QAccessible::Tree},
+                                                                 {"OptionButton", QAccessible::RadioButton},
+                                                                 {"RichTextBox", QAccessible::EditableText},
+                                                                 {"TextBox", QAccessible::EditableText}};
     for (const platform::Control* control : form.Controls()) {
         auto* widget = window->findChild<QWidget*>(QString::fromStdString(control->FullName()));
-        if (widget != nullptr && widget->isVisible() && control->TypeName() != "SSTab" &&
-            control->TypeName() != "PictureBox") {
-            const auto role = roles.find(control->TypeName());
-            const bool own =
-                role != roles.end() && (control->TypeName() != "Image" || !control->TakesFocus());
-            check(control->FullName(), widget, own ? std::optional(role->second) : std::nullopt);
+        const std::string_view type = control->TypeName();
+        if (widget != nullptr && widget->isVisible() && type != "SSTab" && type != "PictureBox") {
+            const auto role = roles.find(type == "Image" && control->TakesFocus() ? "CommandButton" : type);
+            check(control->FullName(), widget,
+                  role == roles.end() ? std::nullopt : std::optional(role->second));
         }
     }
     return missing;
