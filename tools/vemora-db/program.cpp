@@ -35,9 +35,9 @@ constexpr const char* kExamples =
     "4 a file or the database failed. See also: vemora-db COMMAND --help";
 
 constexpr const char* kCreateExamples =
-    "DATA holds chemicals.csv, concentrations.csv, temperatures.csv, materials.csv\n"
-    "and verdicts-metal.csv, -plast, -tight and -misc. A fault in them is told with\n"
-    "its place, as file:line:column, and no database is made.\n"
+    "DATA holds chemicals.csv, concentrations.csv, temperatures.csv, materials.csv,\n"
+    "sources.csv and verdicts-metal.csv, -plast, -tight and -misc. A fault in them is\n"
+    "told with its place, as file:line:column, and no database is made.\n"
     "\n"
     "Examples:\n"
     "  vemora-db create data Vemora.mdb\n"
@@ -53,7 +53,7 @@ constexpr const char* kExportExamples =
     "\n"
     "Examples:\n"
     "  vemora-db export Vemora.mdb mine\n"
-    "      Writes eight CSV files into the folder mine, which is made if need be.\n"
+    "      Writes nine CSV files into the folder mine, which is made if need be.\n"
     "  vemora-db export --force Vemora.mdb data\n"
     "      Replaces the CSV files in data.";
 
@@ -102,8 +102,8 @@ constexpr const char* kMergeExamples =
     "FILE is a new delivered database, FROM the one that was used before. Rows are the\n"
     "same whose Swedish names are equal. The user's rows that FILE hasn't are added,\n"
     "the user's verdicts go before delivered ones, and what took no part takes none.\n"
-    "What can't be carried is told; rows that were deleted in FROM are there again. FROM is only read; on a "
-    "failure FILE stays as it is.\n"
+    "What can't be carried is told; rows that were deleted in FROM are there again.\n"
+    "FROM is only read; on a failure FILE stays as it is.\n"
     "\n"
     "Examples:\n"
     "  vemora-db merge Vemora.mdb old.mdb\n"
