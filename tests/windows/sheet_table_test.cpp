@@ -61,7 +61,7 @@ TEST(SheetTable, ARowTellsWhereItsVerdictComesFrom) {
         "INSERT INTO MaterialKey VALUES('Metal', 1, 'CS'), ('Misc', 1, 'Glass'), ('Tight', 1, 'NBR');"
         "INSERT INTO SourceName VALUES(1, 'A', 'Lista', 'List', 'Liste'), (2, 'B''s', 'Prov', 'Test', NULL);"
         "INSERT INTO Source VALUES('relMetal', 1, 1, 1, 'A; Al: C; Al, CS : B''s + X'), "
-        "('relMetal', 1, 2, 1, 'X'), ('relMisc', 1, 1, 1, 'A+B''s;CS:X'), ('relTight', 1, 1, 1, 'CS: X')";
+        "('relMetal', 1, 2, 1, 'X'), ('relMisc', 1, 1, 1, 'A+B''s;CS:X;X'), ('relTight', 1, 1, 1, 'CS: X')";
     // Of the rows of ShowsEveryVerdictOfTheChemical.
     const std::pair<int, std::array<const char*, 2>> rows[] = {
         {1, {"(egen post)", "(own entry)"}},
