@@ -200,10 +200,11 @@ int main(int argc, char** argv) {
         const Times bareTimes = Measure([&] { BareWrites(bare, chemicals, round); });
         const Times ourTimes = Measure([&] { TakeIn(ours, file); });
         const double cells = chemicals * kLines * 16.0;
-        std::printf("%s|%.0f|%.0f|%.2f|%.0f µs a verdict, %.0f of them of the processor; bare %.0f and %.0f\n",
-                    names[round], ourTimes.Wall * 1e3, bareTimes.Wall * 1e3, ourTimes.Wall / bareTimes.Wall,
-                    ourTimes.Wall / cells * 1e6, ourTimes.Processor / cells * 1e6,
-                    bareTimes.Wall / cells * 1e6, bareTimes.Processor / cells * 1e6);
+        std::printf(
+            "%s|%.0f|%.0f|%.2f|%.0f µs a verdict, %.0f of them of the processor; bare %.0f and %.0f\n",
+            names[round], ourTimes.Wall * 1e3, bareTimes.Wall * 1e3, ourTimes.Wall / bareTimes.Wall,
+            ourTimes.Wall / cells * 1e6, ourTimes.Processor / cells * 1e6, bareTimes.Wall / cells * 1e6,
+            bareTimes.Processor / cells * 1e6);
     }
     std::printf("memory of an update, twice the lines (MB)|%ld|%ld|%.2f|\n", whole, half,
                 static_cast<double>(whole) / static_cast<double>(half));

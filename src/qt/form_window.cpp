@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include "qt/accessible_names.h"
+#include "qt/list_widget.h"
 #include "qt/owned.h"
 #include "qt/pictures.h"
 
@@ -106,6 +107,9 @@ void FormWindow::MakeWidgets() {
             if (QWidget* const keyboard = widget->focusProxy()) {
                 keyboard->installEventFilter(this);
                 byWidget_.insert(keyboard, adapter.get());
+            }
+            if (const auto* const list = qobject_cast<ListWidget*>(widget)) {
+                connect(list, &ListWidget::Moved, this, [this, list] { Follow(*list); });
             }
         }
         adapters_.push_back(std::move(adapter));

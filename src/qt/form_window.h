@@ -83,6 +83,7 @@ class FormWindow final : public QWidget, public platform::FormView {
     // Focus and keys: form_window_input.cpp.
     Adapter* FocusedAdapter() const;
     void SettleFocus(bool idle);
+    void Follow(const QWidget& widget);
     bool FocusIn(Adapter& adapter, Qt::FocusReason reason);
     bool KeyPressed(const QKeyEvent& event);
     bool MenuKey(const QKeyEvent& event);

@@ -3,15 +3,32 @@
 
 // What comes from the user: focus and keys.
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QScrollBar>
 
 #include "qt/form_window.h"
 #include "qt/keys.h"
 
 namespace qt {
+
+namespace {
+
+// Brings the stretch into sight; of one that is longer than the room its beginning.
+void Reveal(QScrollBar& bar, int from, int length) {
+    constexpr int kAir = 8;
+    const int room = bar.pageStep();
+    if (from < bar.value() || length > room) {
+        bar.setValue(from - kAir);
+    } else if (from + length > bar.value() + room) {
+        bar.setValue(from + length + kAir - room);
+    }
+}
+
+}  // namespace
 
 // --- focus ---
 
@@ -58,6 +75,21 @@ bool FormWindow::MenuKey(const QKeyEvent& event) {
     return true;
 }
 
+// Scrolls to where the keyboard is: in a list its current row, as the list itself may be higher than the
+// room.
+void FormWindow::Follow(const QWidget& widget) {
+    const QPoint corner = widget.mapTo(canvas_, QPoint());
+    QRect place(corner, widget.size());
+    const auto* const list = qobject_cast<const QAbstractItemView*>(&widget);
+    if (list != nullptr && list->currentIndex().isValid() && place.height() > scroll_->viewport()->height()) {
+        const QRect row = list->visualRect(list->currentIndex());
+        place.setTop(list->viewport()->mapTo(canvas_, row.topLeft()).y());
+        place.setHeight(row.height());
+    }
+    Reveal(*scroll_->horizontalScrollBar(), place.left(), place.width());
+    Reveal(*scroll_->verticalScrollBar(), place.top(), place.height());
+}
+
 bool FormWindow::FocusIn(Adapter& adapter, Qt::FocusReason reason) {
     platform::Control& control = adapter.Model();
     if (reason == Qt::ActiveWindowFocusReason && form_.ActiveControl() == &control) {
@@ -65,7 +97,7 @@ bool FormWindow::FocusIn(Adapter& adapter, Qt::FocusReason reason) {
     }
     Input([&control] { control.InputFocus(); });
     if (live_ && reason != Qt::MouseFocusReason && adapter.Widget() != nullptr) {
-        scroll_->ensureWidgetVisible(adapter.Widget());
+        Follow(*adapter.Widget());
     }
     // The form may have led the focus on: this widget must not believe that it has it.
     return !live_ || (!flushing_ && FocusedAdapter() != &adapter);

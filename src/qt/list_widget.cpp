@@ -114,11 +114,26 @@ void ListWidget::SelectOnly(int row) {
     }
 }
 
+// What resting the mouse on the current row shows, below it.
+void ListWidget::ShowTip() {
+    const QModelIndex row = currentIndex().siblingAtColumn(0);
+    const QRect place = visualRect(row);
+    const QPoint below = viewport()->rect().intersected(place).bottomLeft();
+    QHelpEvent event(QEvent::ToolTip, below, viewport()->mapToGlobal(below));
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    itemDelegate()->helpEvent(&event, this, option, row);
+}
+
 // With nothing selected the arrows begin at the current row, which nobody sees, instead of leaving it.
 void ListWidget::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (event->modifiers() == Qt::ControlModifier && key >= Qt::Key_1 && key <= Qt::Key_9) {
         emit SortBy(key - Qt::Key_1);
+        return;
+    }
+    if (key == Qt::Key_F1 && event->modifiers() == Qt::ShiftModifier && currentIndex().isValid()) {
+        ShowTip();
         return;
     }
     // The row that has the keyboard once more, as by a click on it; where there are boxes, Space ticks.
@@ -185,6 +200,9 @@ void ListWidget::currentChanged(const QModelIndex& current, const QModelIndex& p
         // The tree's own would tell of it. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QAbstractItemView::currentChanged(current, previous);
         viewport()->update();
+    }
+    if (hasFocus() && !pressing_) {
+        emit Moved();
     }
 }
 

@@ -31,6 +31,8 @@ class ListWidget final : public QTreeView {
     void Resized();
     /// Ctrl and a digit: the list is to be sorted by that column, from 0.
     void SortBy(int column);
+    /// The keyboard has led to another row.
+    void Moved();
 
   protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
@@ -45,6 +47,8 @@ class ListWidget final : public QTreeView {
     void keyboardSearch(const QString& text) override;
 
   private:
+    void ShowTip();
+
     bool pressing_ = false;
     int searched_ = 0;
 };

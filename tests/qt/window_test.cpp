@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QTreeView>
 
 #include "platform/error.h"
 #include "qt/support.h"
@@ -38,6 +39,15 @@ struct Large : platform::Form {
         : Form(desktop, "frmLarge", {.ClientWidth = 30000, .ClientHeight = 30000}) {}
     TextBox txtFirst{*this, "txtFirst", At({120, 120, 2000, 345})};
     CommandButton cmdLast{*this, "cmdLast", At({27000, 29000, 2000, 405}, {.Caption = "Last"})};
+    platform::ListView lvw{*this, "lvw", At({120, 600, 29000, 28000})};
+
+  protected:
+    void Form_Load() override {
+        lvw.AddColumn("Name", 3000);
+        for (int i = 0; i < 70; ++i) {
+            lvw.AddItem("K" + std::to_string(i), "row");
+        }
+    }
 };
 
 TEST_F(WindowTest, LargerThanItsScreenScrollsWithTheFocus) {
@@ -50,6 +60,16 @@ TEST_F(WindowTest, LargerThanItsScreenScrollsWithTheFocus) {
     EXPECT_EQ(QApplication::focusWidget(), last);
     EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect());
     EXPECT_EQ(large.ClientWidth(), 30000);
+    // What is larger than the room: its beginning, and in a list the row that has the keyboard.
+    Key(Qt::Key_Tab);
+    auto* const list = WidgetOf<QTreeView>(large.lvw);
+    ASSERT_EQ(QApplication::focusWidget(), list);
+    for (const Qt::Key key : {Qt::Key_End, Qt::Key_Home}) {
+        Key(key);
+        const QRect seen = list->viewport()->visibleRegion().boundingRect();
+        EXPECT_EQ(seen.left(), 0);
+        EXPECT_TRUE(seen.contains(list->visualRect(list->currentIndex()).bottomLeft())) << key;
+    }
     large.Unload();
 }
 
