@@ -63,6 +63,9 @@ class CanvasArea final : public QScrollArea {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+    // The toolkit's own would scroll once more, and differently: see FormWindow::Follow.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
 };
 
 }  // namespace
