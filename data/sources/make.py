@@ -57,6 +57,22 @@ def add_seals(data):
                 data.cells['tight'][key][material] = [{'1': '+', '2': '0'}.get(line[material], '-'), {'LC3'}]
 
 
+def add_newer(data, figures):
+    """BU1's ratings, at 20 and 50 ºC, of the chemicals that came later. The second counts at 60 ºC, where it is
+    worse."""
+    verdicts = {'1': '+', '2': '+', '1L': '0', '2L': '0', '3': '0', '4': '-'}
+    for line in base.read(f'{FOLDER}/newer.csv'):
+        chemical, concentration = data.id[line['Chemical']], data.label[line['Concentration']]
+        degrees = TEMPERATURE_ID[int(line['Temperature'])]
+        for cls in CLASSES:
+            for material in data.materials[cls]:
+                cool, warm = map(verdicts.get, (line.get(material) or '/').split('/'))
+                if cool:
+                    add(data, figures, cls, (chemical, concentration, degrees), material, cool, 'BU1')
+                if cool and warm and RANK[warm] < RANK[cool]:
+                    add(data, figures, cls, (chemical, concentration, TEMPERATURE_ID[60]), material, warm, 'BU1')
+
+
 def refuse(data):
     """Takes back what is known not to hold. Returns (class, key, material) -> group of the rule."""
     refused = {}
@@ -204,6 +220,7 @@ def main(before, review):
     add_seals(data)
     withheld = add_corrosion(data, figures)
     add_tubes(data, figures)
+    add_newer(data, figures)
     refused = refuse(data)
     figures['between'] = sum(group == 'p' for group in refused.values())
     cool(data, figures)

@@ -49,7 +49,7 @@ REASONS = {
     'i': 'alkalis attack fluororubber', 'j': 'swells', 'k': 'amines and ketones attack PVDF',
     'l': 'chlorides at rest: pitting, stress corrosion', 'm': 'the other concentrations are -',
     'n': 'contradicts what is known of the metal', 'o': 'known to attack the metal',
-    'p': 'between two concentrations that are both -'}
+    'p': 'between two concentrations that are both -', 'q': 'oxidising chlorine attacks it'}
 
 
 def strong(percent):
@@ -86,6 +86,7 @@ RULES = [
     Rule('j', 'plast', {'PVC', 'CPVC'}, AROMATIC | {'Benzyl alcohol'}, '-'),
     Rule('j', 'tight', {'CSM'}, AROMATIC, '-'),
     Rule('j', 'plast', {'PE-LD', 'PE-HD'}, CHLORINATED, '-'),
+    Rule('q', 'plast', {'PA', 'POM'}, HYPOCHLORITES | OXIDISING_CHLORIDES, '-'),
     Rule('k', 'plast', {'PVDF'}, AMINES | KETONES, '-'),
     Rule('l', 'metal', {'Al', '304'}, NEUTRAL_CHLORIDES | {'Sea water'}, '0'),
     Rule('l', 'metal', {'316'}, NEUTRAL_CHLORIDES, '0', lambda s: s.temperature > 20),
