@@ -10,6 +10,7 @@ TEMPERATURES = {1: 20, 2: 40, 3: 60, 4: 80, 5: 100, 6: 120, 7: 140}
 TEMPERATURE_ID = {t: i for i, t in TEMPERATURES.items()}
 RANK = {'-': 0, '0': 1, '+': 2}
 PURE, SUPPLIED, GAS, NOT_STATED = 53, 54, 55, 1
+UNSTATED = {NOT_STATED, 2}  # the second: an aqueous solution
 # About so many per cent; ranges by their end, "Concentrated" by its usual 90.
 PERCENT_OF = {39: 10, 41: 96, 40: 70, 50: 25, 51: 90}
 
@@ -72,6 +73,13 @@ class Data:
         """The number of a label "10 % (w/w)"; None for others."""
         match = re.fullmatch(r'(\d+(?:\.\d+)?) % \(w/w\)', self.concentrations[concentration]['ConcentrationEN'])
         return float(match[1]) if match else None
+
+    def bounds(self, concentration):
+        """The least and greatest per cent that a label may mean; none at all for those outside the scale."""
+        if concentration in UNSTATED:
+            return 0, 99
+        match = re.fullmatch(r'(\d+)-(\d+) % \(w/w\)', self.concentrations[concentration]['ConcentrationEN'])
+        return (float(match[1]), float(match[2])) if match else (1, 0)
 
     def about_percent(self, concentration):
         exact = self.percent(concentration)

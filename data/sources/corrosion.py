@@ -112,7 +112,7 @@ def material_of(row):
 def contradicts_itself(row):
     """Figures whose two units don't agree, or that belong to a mixture: told by those who copied them."""
     where = (row.environment.lower(), row.code)
-    if row.comment.startswith('CHECK'):
+    if 'CHECK' in row.comment:
         return True
     if where[0] == 'sodium nitrate' and row.rate.startswith('71.3'):
         return True
@@ -229,7 +229,8 @@ class Places:
         if row.environment == 'Water' or anhydrous:
             return chemical, usual, 'pure', None
         special = '' if row.environment == 'Sodium Phosphate' else row.comment
-        if SPECIAL.search(special) or 'fuming' in comment or 'vapor' in stated or 'vapour' in stated:
+        bounded = not stated and re.match(r'[<>]\d', comment)  # no label tells it
+        if bounded or SPECIAL.search(special) or 'fuming' in comment or 'vapor' in stated or 'vapour' in stated:
             self.lost['comment'] += 1
             return None
         if not stated:
@@ -335,7 +336,7 @@ def tests(data, figures):
             continue
         if row.rate.startswith('B') and not row.temperature:
             one = '0'
-        if ATTACK.search(row.attack):
+        if ATTACK.search(row.attack) and not row.attack.lower().startswith('no '):
             one = lowered(one)
         place = places.of(row)
         if place is None:
@@ -345,28 +346,29 @@ def tests(data, figures):
         if span is None:
             continue
         if one == '+':
-            step = step_below(span[0] if 'oil' in row.temperature.lower() else span[1])
+            steps = {step_below(span[0] if 'oil' in row.temperature.lower() else span[1])}
         else:
-            step = step_above(span[1])
-        if step is not None:
+            steps = {step_above(span[1]), *(step for step in STEPS if span[0] <= step <= span[1])}
+        for step in steps - {None}:
             found[chemical, concentration, step, key].append(one)
     return found
 
 
-def verdicts(data, figures):
-    """Of each cell its verdict: the worst of its tests, unless it is one against at least three that agree. A "+"
-    holds at the lower temperatures where no test says worse."""
+def verdicts(data, outliers, figures):
+    """Of each cell its verdict: the worst of its tests, unless it is one against at least three that agree: those go
+    into the outliers. A "+" holds at the lower temperatures where no test says worse."""
     cells = {}
     for key, found in tests(data, figures).items():
         worst = min(found, key=RANK.get)
         others = [one for one in found if one != worst]
         if found.count(worst) == 1 and len(others) >= 3 and len(set(others)) == 1:
-            figures['outliers'] += 1
+            outliers.append(key)
             worst = others[0]
         cells[key] = worst
     for (chemical, concentration, degrees, material), one in list(cells.items()):
         if one == '+':
+            lowest = 100 if data.name[chemical] == 'Steam' else 20
             for step in STEPS:
-                if step < degrees:
+                if lowest <= step < degrees:
                     cells.setdefault((chemical, concentration, step, material), '+')
     return cells

@@ -32,10 +32,10 @@ def add(data, figures, cls, key, material, verdict, source):
             cells[material] = [verdict, {source}]
 
 
-def add_corrosion(data, figures):
+def add_corrosion(data, outliers, figures):
     """ND1's verdicts. Returns the chemicals of each metal that the materials don't list."""
     withheld = collections.defaultdict(set)
-    for (chemical, concentration, degrees, material), verdict in corrosion.verdicts(data, figures).items():
+    for (chemical, concentration, degrees, material), verdict in corrosion.verdicts(data, outliers, figures).items():
         if material in data.materials['metal']:
             add(data, figures, 'metal', (chemical, concentration, TEMPERATURE_ID[degrees]), material, verdict, 'ND1')
         else:
@@ -44,8 +44,17 @@ def add_corrosion(data, figures):
 
 
 def add_tubes(data, figures):
+    """LC4's verdicts. One tube that lasted doesn't outweigh a chart's "-" at a strength that isn't stated."""
+    room = TEMPERATURE_ID[20]
     for chemical, concentration, material, verdict in tubes.verdicts(data):
-        add(data, figures, 'tight', (chemical, concentration, TEMPERATURE_ID[20]), material, verdict, 'LC4')
+        worse = [cell for one in (*base.UNSTATED, base.SUPPLIED)
+                 for cell in [data.cells['tight'].get((chemical, one, room), {}).get(material)]
+                 if one != concentration and cell and cell[0] == '-']
+        if worse and verdict == '+':
+            figures['tube'] += 1
+            data.cells['tight'][chemical, concentration, room].setdefault(material, ['-', set(worse[0][1])])
+        else:
+            add(data, figures, 'tight', (chemical, concentration, TEMPERATURE_ID[20]), material, verdict, 'LC4')
 
 
 def add_seals(data):
@@ -73,6 +82,24 @@ def add_newer(data, figures):
                     add(data, figures, cls, (chemical, concentration, TEMPERATURE_ID[60]), material, warm, 'BU1')
 
 
+def refuse_unstated(data, refused):
+    """A range takes the worst of the strengths inside it; a strength that isn't stated may be any of them."""
+    for cls in CLASSES:
+        for row in data.by_strength(cls):
+            bad = [percent for percent, _, _, cell in row if cell[0] == '-']
+            if not bad:
+                continue
+            _, key, material, _ = row[0]
+            for concentration in data.concentrations:
+                cell = data.cells[cls].get((key[0], concentration, key[2]), {}).get(material)
+                if cell is None or cell[0] != '+':
+                    continue
+                low, high = data.bounds(concentration)
+                if data.percent(concentration) is None and any(low <= percent <= high for percent in bad):
+                    cell[0] = '0' if concentration in base.UNSTATED else '-'
+                    refused[cls, (key[0], concentration, key[2]), material] = 'r'
+
+
 def refuse(data):
     """Takes back what is known not to hold. Returns (class, key, material) -> group of the rule."""
     refused = {}
@@ -88,6 +115,7 @@ def refuse(data):
                     del cells[material]
                 else:
                     cell[0] = best
+    refuse_unstated(data, refused)
     for cls in CLASSES:
         found = []
         for row in data.by_strength(cls):
@@ -218,7 +246,8 @@ def main(before, review):
     figures = collections.Counter()
     data = base.Data(DATA, before)
     add_seals(data)
-    withheld = add_corrosion(data, figures)
+    outliers = []
+    withheld = add_corrosion(data, outliers, figures)
     add_tubes(data, figures)
     add_newer(data, figures)
     refused = refuse(data)
@@ -232,6 +261,9 @@ def main(before, review):
                    all20=sum(figures[c + '20'] for c in CLASSES))
     write_sources(data, figures, {
         'withheld': ', '.join(f'{k} ({len(v)})' for k, v in sorted(withheld.items())),
+        'outliers': '; '.join(sorted(
+            f"{data.name[key[0]].lower()}, {data.concentrations[key[1]]['ConcentrationEN'].lower()}, {key[3]}, "
+            f'{key[2]} ºC' for key in outliers)),
         'look': '; '.join(weaker_but_worse(data)) or 'none',
         'thin': f"Few verdicts stand behind {', '.join(thin)}." if thin
                 else 'Every material has verdicts on 20 chemicals or more.'})
